@@ -15,7 +15,8 @@ class InputFile {
   public:
     virtual ~InputFile() = default;
     virtual uint64_t size() const = 0;
-    // Reads up to bytes.size() bytes from `offset`; gives how many there were (less only at the end).
+    // Reads up to bytes.size() bytes from `offset`; gives how many there were (less only at the
+    // end).
     virtual size_t read(uint64_t offset, std::span<uint8_t> bytes) = 0;
 };
 
@@ -29,6 +30,9 @@ class OutputFile {
 struct FolderEntry {
     std::u16string name;
     bool isFolder = false;
+    // A folder that stands elsewhere (a junction, a symbolic link): only through such a one can a
+    // walk come back to a folder that it is in, so only there does asking folderIdentity pay.
+    bool isLink = false;
 };
 
 // A listing under way, in the platform's own order.

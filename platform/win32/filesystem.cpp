@@ -1,0 +1,167 @@
+#include "platform/win32/filesystem.h"
+
+#include <array>
+
+#include "platform/win32/path.h"
+#include "platform/win32/rawfile.h"
+#include "platform/win32/systemerror.h"
+#include "platform/win32/wide.h"
+
+namespace platform::win32 {
+namespace {
+
+constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr DWORD NO_SHARE = 0;
+
+std::span<const uint8_t> asBytes(std::string_view text) {
+    return {reinterpret_cast<const uint8_t*>(text.data()), text.size()};
+}
+
+class Win32InputFile : public InputFile {
+  public:
+    // A player or a tagger may hold the file open for writing; that is no reason to skip it. What
+    // is read are a few bytes here and there, so reading ahead would only slow a CD down.
+    explicit Win32InputFile(std::u16string_view path)
+        : file_(path, GENERIC_READ, SHARE_ALL, OPEN_EXISTING, FILE_FLAG_RANDOM_ACCESS) {}
+
+    uint64_t size() const override { return file_.size(); }
+    size_t read(uint64_t offset, std::span<uint8_t> bytes) override {
+        return file_.read(offset, bytes);
+    }
+
+  private:
+    RawFile file_;
+};
+
+class Win32OutputFile : public OutputFile {
+  public:
+    explicit Win32OutputFile(std::u16string_view path)
+        : file_(path, GENERIC_WRITE, FILE_SHARE_READ, CREATE_ALWAYS, FILE_FLAG_SEQUENTIAL_SCAN) {}
+
+    void write(std::string_view bytes) override {
+        file_.write(end_, asBytes(bytes));
+        end_ += bytes.size();
+    }
+
+  private:
+    RawFile file_;
+    uint64_t end_ = 0;
+};
+
+class Win32FolderCursor : public FolderCursor {
+  public:
+    explicit Win32FolderCursor(std::u16string_view path) : path_(path) {
+        std::wstring pattern = extendedPath(path);
+        pattern += pattern.ends_with(L'\\') ? L"*" : L"\\*";
+        handle_.reset(FindFirstFileExW(pattern.c_str(), FindExInfoBasic, &found_,
+                                       FindExSearchNameMatch, nullptr, FIND_FIRST_EX_LARGE_FETCH));
+        if (handle_) {
+            state_ = State::Found;
+            return;
+        }
+        const DWORD code = GetLastError();
+        // The root of an empty medium has not even a "." to be found.
+        if (code != ERROR_FILE_NOT_FOUND) throw systemError(code, path);
+        state_ = State::Ended;
+    }
+
+    bool next(FolderEntry& entry) override {
+        while (state_ != State::Ended) {
+            if (state_ == State::Taken && !fetch()) break;
+            state_ = State::Taken;
+            const std::wstring_view name = found_.cFileName;
+            if (name == L"." || name == L"..") continue;
+            entry.name.assign(name.begin(), name.end());
+            entry.isFolder = (found_.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+            entry.isLink = (found_.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+            return true;
+        }
+        return false;
+    }
+
+  private:
+    enum class State { Found, Taken, Ended };
+
+    bool fetch() {
+        if (FindNextFileW(handle_.get(), &found_)) return true;
+        const DWORD code = GetLastError();
+        if (code != ERROR_NO_MORE_FILES) throw systemError(code, path_);
+        state_ = State::Ended;
+        return false;
+    }
+
+    std::u16string path_;
+    FindHandle handle_;
+    WIN32_FIND_DATAW found_{};
+    State state_ = State::Ended;
+};
+
+// A file beside `path` that nobody else has: the numbered names never take another's file.
+struct Scratch {
+    std::u16string path;
+    RawFile file;
+};
+
+Scratch createBeside(std::u16string_view path) {
+    constexpr char16_t LAST_DIGIT = u'9';
+    for (char16_t digit = u'0';; ++digit) {
+        std::u16string name = std::u16string(path) + u".~" + digit;
+        try {
+            return Scratch{name, RawFile(name, GENERIC_WRITE, NO_SHARE, CREATE_NEW, 0)};
+        } catch (const base::Error& error) {
+            if (error.number() != base::ErrorNumber::FileAlreadyExists || digit == LAST_DIGIT) {
+                throw;
+            }
+        }
+    }
+}
+
+}  // namespace
+
+std::unique_ptr<InputFile> Win32FileSystem::openInput(std::u16string_view path) {
+    return std::make_unique<Win32InputFile>(path);
+}
+
+std::unique_ptr<OutputFile> Win32FileSystem::createOutput(std::u16string_view path) {
+    return std::make_unique<Win32OutputFile>(path);
+}
+
+std::unique_ptr<FolderCursor> Win32FileSystem::openFolder(std::u16string_view path) {
+    return std::make_unique<Win32FolderCursor>(path);
+}
+
+std::u16string Win32FileSystem::folderIdentity(std::u16string_view path) {
+    const RawFile folder(path, FILE_READ_ATTRIBUTES, SHARE_ALL, OPEN_EXISTING,
+                         FILE_FLAG_BACKUP_SEMANTICS);
+    BY_HANDLE_FILE_INFORMATION info;
+    if (!GetFileInformationByHandle(folder.handle(), &info)) {
+        throw systemError(GetLastError(), path);
+    }
+    std::u16string identity;
+    for (const DWORD part : {info.dwVolumeSerialNumber, info.nFileIndexHigh, info.nFileIndexLow}) {
+        identity += static_cast<char16_t>(part >> 16);
+        identity += static_cast<char16_t>(part & 0xFFFF);
+    }
+    return identity;
+}
+
+void Win32FileSystem::replaceFile(std::u16string_view path, std::string_view bytes) {
+    std::u16string scratchPath;
+    try {
+        {
+            Scratch scratch = createBeside(path);
+            scratchPath = scratch.path;
+            scratch.file.write(0, asBytes(bytes));
+            scratch.file.flush();
+        }
+        if (!MoveFileExW(extendedPath(scratchPath).c_str(), extendedPath(path).c_str(),
+                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+            throw systemError(GetLastError(), path);
+        }
+    } catch (...) {
+        if (!scratchPath.empty()) DeleteFileW(extendedPath(scratchPath).c_str());
+        throw;
+    }
+}
+
+}  // namespace platform::win32
