@@ -1,0 +1,63 @@
+// A catalogue file opened for queries and changes: the engine's front door, with the names that
+// programs of the DAO family know.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "jet/file.h"
+#include "jet/recordset.h"
+
+namespace jet {
+
+struct Session;
+
+class Database {
+  public:
+    // Opens `path` shared with readers. `files` must live as long as the database and its
+    // recordsets. Throws base::Error: the file is missing, in use, no Access database, or of a
+    // kind that cannot be written safely.
+    static std::unique_ptr<Database> OpenDatabase(FileStore& files, std::u16string_view path);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    // `source`: a table's name (all its rows, in stored order) or a SELECT text. The recordset may
+    // be kept after Close() and even after the database object; every call but Close() then fails.
+    std::unique_ptr<Recordset> OpenRecordset(std::u16string_view source);
+
+    // Table names ignore case.
+    bool hasTable(std::u16string_view name) const;
+
+    // True when the file may only be read; every change then throws NotWritable.
+    bool readOnly() const;
+
+    // One transaction at a time: BeginTrans inside another, or the end of none, is an error.
+    void BeginTrans();
+    void CommitTrans();
+    void Rollback();
+
+    // Rolls an open transaction back, then lets the file go. Harmless when closed already.
+    void Close();
+
+  private:
+    friend class Transaction;
+    explicit Database(std::shared_ptr<Session> session);
+    std::shared_ptr<Session> session_;
+};
+
+// BeginTrans now; Rollback when it goes out of scope, unless Commit() came first.
+class Transaction {
+  public:
+    explicit Transaction(Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void Commit();
+
+  private:
+    Database& database_;
+    bool open_ = true;
+};
+
+}  // namespace jet
