@@ -1,0 +1,43 @@
+// The texts that the progress labels show.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace newcd {
+
+inline constexpr std::u16string_view kReadingText =
+    u"Lecture en cours. Patientez quelques instants...";
+inline constexpr std::u16string_view kCopyingText = u"Copie en cours...";
+
+// How far analysing and filtering are, in whole percent.
+std::u16string analysisProgress(int percent);
+std::u16string filterProgress(int percent);
+
+// The file being copied.
+std::u16string copyProgress(std::u16string_view sourcePath, std::u16string_view title);
+
+// What one search method found: tracks and the texts of their sizes.
+struct MethodResult {
+    size_t known = 0;
+    std::u16string knownSize;
+    std::u16string newSize;
+};
+
+// The search's result over `total` tracks.
+std::u16string searchSummary(size_t total, const MethodResult& method1,
+                             const MethodResult& method2);
+
+struct CopyResult {
+    size_t selected = 0;
+    std::u16string selectedSize;
+    size_t found = 0;
+    std::u16string foundSize;
+};
+
+// While tracks are chosen, and when they have been copied.
+std::u16string selectionSummary(const CopyResult& result);
+std::u16string copiedSummary(const CopyResult& result);
+
+}  // namespace newcd
