@@ -1,0 +1,94 @@
+// How Jet compares texts: the "General" sort order, in the form of Jet 4 and in that of Jet 3.
+// Case is ignored, accents only break ties, trailing spaces do not count; two texts are equal when
+// their index keys would be. In Jet 4 the apostrophe and the hyphen are ties too ("co-op" comes
+// next to "coop"); in Jet 3 they are characters like any other.
+//
+// Known characters are those of code page 1252 and of Latin Extended-A. All others follow Z, in
+// the order of the code units of their upper case. An index key covers 255 characters; comparison
+// here covers the whole text.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jet {
+
+// What one code unit adds to the three parts of a key.
+struct CharacterWeight {
+    uint8_t primary[3] = {};
+    uint8_t primaryLength = 0;
+    // 0: the character takes no place among the accents; 2: it takes one and has no accent.
+    uint8_t accent = 0;
+    // Code of a character that only breaks ties; 0: it is none.
+    uint8_t deferred = 0;
+
+    bool operator==(const CharacterWeight&) const = default;
+};
+
+class TextOrder {
+  public:
+    static const TextOrder& general4();
+    static const TextOrder& general3();
+
+    // Negative, 0 or positive. Allocates nothing.
+    int compare(std::u16string_view a, std::u16string_view b) const;
+    bool equal(std::u16string_view a, std::u16string_view b) const { return compare(a, b) == 0; }
+
+    // Appends the bytes that an index holds for `text` behind the entry's flag byte; comparing two
+    // keys bytewise gives the order of the texts (their first 8190 characters at least).
+    void appendKey(std::u16string_view text, std::vector<uint8_t>& key) const;
+
+    // The first eight primary bytes after `skip` of them, first byte highest, missing ones 0. Of
+    // two texts the one with the smaller prefix comes first; equal prefixes decide nothing.
+    uint64_t prefix(std::u16string_view text, size_t skip = 0) const;
+
+    // Equal for equal texts.
+    uint64_t hash(std::u16string_view text) const;
+
+    // One character for all those that the order cannot tell apart, so that two characters match
+    // exactly when their folded forms are the same.
+    char16_t fold(char16_t character) const {
+        return character < kTableSize ? folded_[character] : foldOther(character);
+    }
+
+    // Order of two single characters (as fold(): 0 exactly when they match).
+    int compareCharacters(char16_t a, char16_t b) const;
+
+    // The weight of `character`, for the walks over a text's key.
+    CharacterWeight weight(char16_t character) const {
+        return character < kTableSize ? weights_[character] : otherWeight(character);
+    }
+
+  private:
+    static constexpr size_t kTableSize = 0x180;
+    struct OtherCharacter {
+        char16_t character;
+        CharacterWeight weight;
+        char16_t folded;
+    };
+    enum class Version { General3, General4 };
+
+    explicit TextOrder(Version version);
+    void setWeight(char16_t character, const CharacterWeight& weight);
+    void addControls();
+    void addOwnWeights();
+    void addAccentedLetters();
+    void addSmallAndUnknown();
+    void addFolding();
+    bool hasWeight(char16_t character) const;
+    const OtherCharacter* findOther(char16_t character) const;
+    CharacterWeight otherWeight(char16_t character) const;
+    char16_t foldOther(char16_t character) const;
+    void appendAccents3(std::u16string_view text, std::vector<uint8_t>& key) const;
+    void appendTies4(std::u16string_view text, std::vector<uint8_t>& key) const;
+
+    Version version_;
+    std::array<CharacterWeight, kTableSize> weights_;
+    std::array<char16_t, kTableSize> folded_;
+    std::vector<OtherCharacter> others_;  // sorted by character
+};
+
+}  // namespace jet
