@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace platform {
+namespace platform::win32 {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t), "the system's wide text is UTF-16");
 
@@ -16,4 +16,4 @@ inline std::u16string fromWide(std::wstring_view text) {
     return {text.begin(), text.end()};
 }
 
-}  // namespace platform
+}  // namespace platform::win32

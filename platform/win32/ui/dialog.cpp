@@ -1,0 +1,169 @@
+#include "platform/win32/ui/dialog.h"
+
+#include <exception>
+#include <utility>
+
+#include "platform/win32/systemerror.h"
+#include "platform/win32/ui/dpi.h"
+#include "platform/win32/ui/place.h"
+#include "platform/win32/ui/report.h"
+
+namespace platform::win32 {
+
+namespace {
+
+constexpr wchar_t kObjectProperty[] = L"Brivantole.Dialog";
+
+// The dialog manager accepts a class of the program's own as long as it builds on its procedure
+// and reserves its window bytes.
+void registerClass(const wchar_t* name) {
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    WNDCLASSEXW known{};
+    known.cbSize = sizeof known;
+    if (GetClassInfoExW(instance, name, &known)) return;
+    WNDCLASSEXW own{};
+    own.cbSize = sizeof own;
+    own.lpfnWndProc = DefDlgProcW;
+    own.cbWndExtra = DLGWINDOWEXTRA;
+    own.hInstance = instance;
+    own.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+    own.hIcon = LoadIconW(instance, L"Brivantole");
+    own.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+    own.lpszClassName = name;
+    if (!RegisterClassExW(&own)) throw systemError(GetLastError());
+}
+
+}  // namespace
+
+Dialog::~Dialog() {
+    destroy();
+}
+
+void Dialog::create(HWND owner) {
+    registerClass(name_);
+    // The object is attached while the window is being made (WM_INITDIALOG), with onLoad() run
+    // afterwards, so that an error there reaches the caller instead of the border below.
+    if (!CreateDialogParamW(GetModuleHandleW(nullptr), name_, owner, procedure,
+                            reinterpret_cast<LPARAM>(this))) {
+        throw systemError(GetLastError());
+    }
+    placeOverOwner(window_);
+    onLoad();
+}
+
+int Dialog::runModal() {
+    disableOwner();
+    result_.reset();
+    ShowWindow(window_, SW_SHOW);
+    MSG message;
+    while (!result_) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got <= 0) {
+            // The program is ending: leave, and let the outer loops see the same message.
+            PostQuitMessage(static_cast<int>(message.wParam));
+            result_ = IDCANCEL;
+        } else {
+            dispatch(message);
+        }
+    }
+    destroy();
+    return *result_;
+}
+
+void Dialog::finish(int result) {
+    result_ = result;
+    if (!disabledOwner_) destroy();
+}
+
+int Dialog::dpi() const {
+    return dpiOf(window_);
+}
+
+void Dialog::disableOwner() {
+    const HWND owner = GetWindow(window_, GW_OWNER);
+    if (owner && IsWindowEnabled(owner)) {
+        EnableWindow(owner, FALSE);
+        disabledOwner_ = owner;
+    }
+}
+
+void Dialog::destroy() {
+    // The owner comes back first: a disabled window could not become the active one.
+    if (HWND owner = std::exchange(disabledOwner_, nullptr)) EnableWindow(owner, TRUE);
+    if (HWND window = std::exchange(window_, nullptr)) {
+        RemovePropW(window, kObjectProperty);
+        DestroyWindow(window);
+    }
+}
+
+Dialog* Dialog::of(HWND window) {
+    const HWND root = window ? GetAncestor(window, GA_ROOT) : nullptr;
+    return root ? static_cast<Dialog*>(GetPropW(root, kObjectProperty)) : nullptr;
+}
+
+bool Dialog::translate(MSG& message) {
+    return IsDialogMessageW(window_, &message) != FALSE;
+}
+
+INT_PTR CALLBACK Dialog::procedure(HWND window, UINT message, WPARAM wParam,
+                                   LPARAM lParam) noexcept {
+    if (message == WM_INITDIALOG) {
+        auto* self = reinterpret_cast<Dialog*>(lParam);
+        self->window_ = window;
+        SetPropW(window, kObjectProperty, self);
+        return TRUE;
+    }
+    auto* self = static_cast<Dialog*>(GetPropW(window, kObjectProperty));
+    if (!self) return FALSE;
+    try {
+        return self->handle(message, wParam, lParam);
+    } catch (...) {
+        reportCurrentException();
+        return TRUE;
+    }
+}
+
+INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_COMMAND:
+            if (LOWORD(wParam) == IDCANCEL && HIWORD(wParam) == 0) {
+                onEscape();
+            } else {
+                onCommand(LOWORD(wParam), HIWORD(wParam));
+            }
+            return TRUE;
+        case WM_CLOSE:
+            onClose();
+            return TRUE;
+        case WM_NOTIFY: {
+            const LRESULT answer = onNotify(*reinterpret_cast<const NMHDR*>(lParam));
+            if (window_) SetWindowLongPtrW(window_, DWLP_MSGRESULT, answer);
+            return TRUE;
+        }
+        default: {
+            const std::optional<LRESULT> answer = onMessage(message, wParam, lParam);
+            if (!answer) return FALSE;
+            if (window_) SetWindowLongPtrW(window_, DWLP_MSGRESULT, *answer);
+            return TRUE;
+        }
+    }
+}
+
+void dispatch(MSG& message) {
+    if (Dialog* dialog = Dialog::of(message.hwnd); dialog && dialog->translate(message)) return;
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+}
+
+void dispatchWaiting() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+        if (message.message == WM_QUIT) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        dispatch(message);
+    }
+}
+
+}  // namespace platform::win32

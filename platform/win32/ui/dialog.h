@@ -1,0 +1,73 @@
+// The base of every window of the program. A window is a dialog template; its resource name and
+// its window class bear the form's name.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+
+namespace platform::win32 {
+
+// Owns its window from create() on; destroying the object destroys the window. A handler that
+// throws is left, the user sees the report, and the program goes on.
+class Dialog {
+  public:
+    // `name`: the template's resource name and window class; a literal.
+    explicit Dialog(const wchar_t* name) : name_(name) {}
+    Dialog(const Dialog&) = delete;
+    Dialog& operator=(const Dialog&) = delete;
+    virtual ~Dialog();
+
+    // Creates the window, not shown, and runs onLoad(). Throws base::Error when the system refuses.
+    void create(HWND owner);
+    // Shows the window with its owner disabled and handles messages until finish(); gives what
+    // finish() was told. create() first. The window is gone afterwards.
+    int runModal();
+    // Ends runModal(), or just destroys a modeless window.
+    void finish(int result = IDCANCEL);
+
+    HWND window() const { return window_; }
+    HWND item(int id) const { return GetDlgItem(window_, id); }
+    int dpi() const;
+
+    // The dialog that a window belongs to, if any.
+    static Dialog* of(HWND window);
+    // A chance at a message before it is dispatched: keyboard shortcuts, then dialog navigation.
+    // True when the message is dealt with.
+    virtual bool translate(MSG& message);
+
+  protected:
+    // The window exists and is placed over its owner; fill the controls here.
+    virtual void onLoad() {}
+    virtual void onCommand(int /*id*/, int /*notification*/) {}
+    virtual LRESULT onNotify(const NMHDR& /*header*/) { return 0; }
+    // Any other message; an answer given here is final, none leaves it to the system.
+    virtual std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
+    // The frame's close button, Alt+F4 or Escape.
+    virtual void onClose() { finish(IDCANCEL); }
+    // Escape alone; like closing unless a window says otherwise.
+    virtual void onEscape() { onClose(); }
+
+    // Disables the owner as long as the window lives; runModal() does so by itself.
+    void disableOwner();
+
+  private:
+    static INT_PTR CALLBACK procedure(HWND, UINT, WPARAM, LPARAM) noexcept;
+    INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
+    void destroy();
+
+    const wchar_t* name_;
+    HWND window_ = nullptr;
+    HWND disabledOwner_ = nullptr;
+    std::optional<int> result_;
+};
+
+// Hands one message on: to the shortcuts and navigation of its dialog, else to its window.
+void dispatch(MSG& message);
+
+// Handles what is waiting in the queue and returns; for long operations that keep their window
+// painted.
+void dispatchWaiting();
+
+}  // namespace platform::win32

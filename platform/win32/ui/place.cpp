@@ -1,0 +1,56 @@
+#include "platform/win32/ui/place.h"
+
+namespace platform::win32 {
+
+Box boxOf(const RECT& rectangle) {
+    return {rectangle.left, rectangle.top, rectangle.right - rectangle.left,
+            rectangle.bottom - rectangle.top};
+}
+
+RECT rectOf(const Box& box) {
+    return {box.left, box.top, box.left + box.width, box.top + box.height};
+}
+
+Box windowBox(HWND window) {
+    RECT rectangle{};
+    GetWindowRect(window, &rectangle);
+    return boxOf(rectangle);
+}
+
+Box controlBox(HWND control) {
+    RECT rectangle{};
+    GetWindowRect(control, &rectangle);
+    MapWindowPoints(nullptr, GetParent(control), reinterpret_cast<POINT*>(&rectangle), 2);
+    return boxOf(rectangle);
+}
+
+Box clientBox(HWND window) {
+    RECT rectangle{};
+    GetClientRect(window, &rectangle);
+    return boxOf(rectangle);
+}
+
+Box workAreaOf(HWND window) {
+    MONITORINFO info{};
+    info.cbSize = sizeof info;
+    GetMonitorInfoW(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &info);
+    return boxOf(info.rcWork);
+}
+
+void moveWindow(HWND window, const Box& box) {
+    SetWindowPos(window, nullptr, box.left, box.top, box.width, box.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void placeOverOwner(HWND window) {
+    const HWND owner = GetWindow(window, GW_OWNER);
+    const bool overOwner = owner && IsWindowVisible(owner) && !IsIconic(owner);
+    const Box area = workAreaOf(overOwner ? owner : window);
+    const Box own = windowBox(window);
+    const Box place =
+        clamped(centred(overOwner ? windowBox(owner) : area, own.width, own.height), area);
+    SetWindowPos(window, nullptr, place.left, place.top, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace platform::win32

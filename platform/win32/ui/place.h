@@ -1,0 +1,31 @@
+// Windows on the screen.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/placement.h"
+
+namespace platform::win32 {
+
+Box boxOf(const RECT& rectangle);
+RECT rectOf(const Box& box);
+
+// The outer box of a window, on the screen.
+Box windowBox(HWND window);
+
+// The box of a control inside its window's client area.
+Box controlBox(HWND control);
+
+// The client area's size, at 0, 0.
+Box clientBox(HWND window);
+
+// The part of the screen around `window` that no task bar covers.
+Box workAreaOf(HWND window);
+
+void moveWindow(HWND window, const Box& box);
+
+// Centres a window over its owner, or on the screen when it has none or the owner is minimised,
+// and keeps it inside the work area.
+void placeOverOwner(HWND window);
+
+}  // namespace platform::win32

@@ -1,0 +1,42 @@
+// A list view of one column that asks for its rows when it shows them.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace platform::win32 {
+
+class VirtualList {
+  public:
+    // `rowText` gives the text of row 0 .. count - 1; called while the list paints.
+    using RowText = std::function<std::u16string(size_t)>;
+
+    // `list`: a report list view with LVS_OWNERDATA from a dialog template.
+    VirtualList(HWND list, RowText rowText);
+
+    HWND window() const { return list_; }
+    // Shows that many rows from the first, none selected.
+    void setCount(size_t count);
+    // Makes the column as wide as the list; after every change of size.
+    void stretchColumn();
+    // Reads the shown rows anew.
+    void redraw();
+    void clearSelection();
+    std::optional<size_t> selected() const;
+    void setColours(COLORREF text, COLORREF background);
+
+    // Answers the list's LVN_GETDISPINFO; the dialog hands it on.
+    void fill(NMLVDISPINFOW& request);
+
+  private:
+    HWND list_;
+    RowText rowText_;
+    std::wstring shown_;  // the list may keep a pointer to it until its next request
+};
+
+}  // namespace platform::win32
