@@ -55,6 +55,11 @@ std::optional<std::u16string> readLabel(char16_t letter) {
     return fromWide(label.data());
 }
 
+bool rootExists(char16_t letter) {
+    const QuietErrors quiet;
+    return GetFileAttributesW(rootOf(letter).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
 }  // namespace
 
 std::vector<Drive> Win32Drives::list() const {
@@ -69,7 +74,8 @@ std::vector<Drive> Win32Drives::list() const {
 }
 
 bool Win32Drives::isReady(char16_t letter) const {
-    return readLabel(letter).has_value();
+    // A system may remember the label of a medium that is gone, but not its root folder.
+    return readLabel(letter).has_value() && rootExists(letter);
 }
 
 std::u16string Win32Drives::volumeLabel(char16_t letter) const {

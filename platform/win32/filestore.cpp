@@ -8,7 +8,7 @@ namespace platform::win32 {
 namespace {
 
 // Readers of the raw file (a backup, a copy) are let in, other writers are not.
-constexpr DWORD SHARE = FILE_SHARE_READ;
+constexpr DWORD kShare = FILE_SHARE_READ;
 
 class Win32StoreFile : public jet::File {
   public:
@@ -67,7 +67,7 @@ base::Error engineError(const base::Error& error) {
 std::unique_ptr<jet::File> openFile(std::u16string_view path, DWORD access, DWORD disposition) {
     try {
         return std::make_unique<Win32StoreFile>(
-            RawFile(path, access, SHARE, disposition, FILE_FLAG_RANDOM_ACCESS));
+            RawFile(path, access, kShare, disposition, FILE_FLAG_RANDOM_ACCESS));
     } catch (const base::Error& error) {
         throw engineError(error);
     }

@@ -1,17 +1,16 @@
 #include "platform/win32/filesystem.h"
 
-#include <array>
-
 #include "platform/win32/path.h"
 #include "platform/win32/rawfile.h"
+#include "platform/win32/scratchfile.h"
 #include "platform/win32/systemerror.h"
 #include "platform/win32/wide.h"
 
 namespace platform::win32 {
 namespace {
 
-constexpr DWORD SHARE_ALL = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-constexpr DWORD NO_SHARE = 0;
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr DWORD kNoShare = 0;
 
 std::span<const uint8_t> asBytes(std::string_view text) {
     return {reinterpret_cast<const uint8_t*>(text.data()), text.size()};
@@ -22,7 +21,7 @@ class Win32InputFile : public InputFile {
     // A player or a tagger may hold the file open for writing; that is no reason to skip it. What
     // is read are a few bytes here and there, so reading ahead would only slow a CD down.
     explicit Win32InputFile(std::u16string_view path)
-        : file_(path, GENERIC_READ, SHARE_ALL, OPEN_EXISTING, FILE_FLAG_RANDOM_ACCESS) {}
+        : file_(path, GENERIC_READ, kShareAll, OPEN_EXISTING, FILE_FLAG_RANDOM_ACCESS) {}
 
     uint64_t size() const override { return file_.size(); }
     size_t read(uint64_t offset, std::span<uint8_t> bytes) override {
@@ -96,26 +95,6 @@ class Win32FolderCursor : public FolderCursor {
     State state_ = State::Ended;
 };
 
-// A file beside `path` that nobody else has: the numbered names never take another's file.
-struct Scratch {
-    std::u16string path;
-    RawFile file;
-};
-
-Scratch createBeside(std::u16string_view path) {
-    constexpr char16_t LAST_DIGIT = u'9';
-    for (char16_t digit = u'0';; ++digit) {
-        std::u16string name = std::u16string(path) + u".~" + digit;
-        try {
-            return Scratch{name, RawFile(name, GENERIC_WRITE, NO_SHARE, CREATE_NEW, 0)};
-        } catch (const base::Error& error) {
-            if (error.number() != base::ErrorNumber::FileAlreadyExists || digit == LAST_DIGIT) {
-                throw;
-            }
-        }
-    }
-}
-
 }  // namespace
 
 std::unique_ptr<InputFile> Win32FileSystem::openInput(std::u16string_view path) {
@@ -131,7 +110,7 @@ std::unique_ptr<FolderCursor> Win32FileSystem::openFolder(std::u16string_view pa
 }
 
 std::u16string Win32FileSystem::folderIdentity(std::u16string_view path) {
-    const RawFile folder(path, FILE_READ_ATTRIBUTES, SHARE_ALL, OPEN_EXISTING,
+    const RawFile folder(path, FILE_READ_ATTRIBUTES, kShareAll, OPEN_EXISTING,
                          FILE_FLAG_BACKUP_SEMANTICS);
     BY_HANDLE_FILE_INFORMATION info;
     if (!GetFileInformationByHandle(folder.handle(), &info)) {
@@ -146,22 +125,13 @@ std::u16string Win32FileSystem::folderIdentity(std::u16string_view path) {
 }
 
 void Win32FileSystem::replaceFile(std::u16string_view path, std::string_view bytes) {
-    std::u16string scratchPath;
-    try {
-        {
-            Scratch scratch = createBeside(path);
-            scratchPath = scratch.path;
-            scratch.file.write(0, asBytes(bytes));
-            scratch.file.flush();
-        }
-        if (!MoveFileExW(extendedPath(scratchPath).c_str(), extendedPath(path).c_str(),
-                         MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
-            throw systemError(GetLastError(), path);
-        }
-    } catch (...) {
-        if (!scratchPath.empty()) DeleteFileW(extendedPath(scratchPath).c_str());
-        throw;
+    ScratchFile scratch(path);
+    {
+        RawFile file(scratch.path(), GENERIC_WRITE, kNoShare, CREATE_NEW, 0);
+        file.write(0, asBytes(bytes));
+        file.flush();
     }
+    scratch.moveTo(MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
 }
 
 }  // namespace platform::win32

@@ -10,10 +10,10 @@
 namespace platform::win32 {
 namespace {
 
-constexpr std::wstring_view VERBATIM = LR"(\\?\)";
-constexpr std::wstring_view VERBATIM_SHARE = LR"(\\?\UNC\)";
-constexpr std::wstring_view SHARE = LR"(\\)";
-constexpr std::wstring_view DEVICE = LR"(\\.\)";
+constexpr std::wstring_view kVerbatim = LR"(\\?\)";
+constexpr std::wstring_view kVerbatimShare = LR"(\\?\UNC\)";
+constexpr std::wstring_view kShare = LR"(\\)";
+constexpr std::wstring_view kDevice = LR"(\\.\)";
 
 bool isLetter(wchar_t c) {
     return (c >= L'A' && c <= L'Z') || (c >= L'a' && c <= L'z');
@@ -46,13 +46,13 @@ std::wstring fullPath(const std::wstring& path) {
 
 std::wstring extendedPath(std::u16string_view path) {
     std::wstring wide = toWide(path);
-    if (wide.starts_with(VERBATIM) || wide.starts_with(DEVICE)) return wide;
+    if (wide.starts_with(kVerbatim) || wide.starts_with(kDevice)) return wide;
     if (!isPlain(wide)) wide = fullPath(wide);
-    if (wide.starts_with(DEVICE)) return wide;
-    if (wide.starts_with(SHARE)) {
-        return wide.replace(0, SHARE.size(), VERBATIM_SHARE);
+    if (wide.starts_with(kDevice)) return wide;
+    if (wide.starts_with(kShare)) {
+        return wide.replace(0, kShare.size(), kVerbatimShare);
     }
-    return wide.insert(0, VERBATIM);
+    return wide.insert(0, kVerbatim);
 }
 
 }  // namespace platform::win32

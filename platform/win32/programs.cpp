@@ -9,7 +9,7 @@
 namespace platform::win32 {
 namespace {
 
-constexpr wchar_t DEFAULT_EXTENSION[] = L".exe";
+constexpr wchar_t kDefaultExtension[] = L".exe";
 
 // What a leading quotation mark encloses, or the whole text.
 std::u16string_view withoutQuotes(std::u16string_view program) {
@@ -45,7 +45,7 @@ std::wstring resolve(std::u16string_view program) {
     const std::wstring name = toWide(withoutQuotes(program));
     const std::wstring folders = searchPath();
     std::wstring found = filled([&](wchar_t* text, DWORD size) {
-        return SearchPathW(folders.c_str(), name.c_str(), DEFAULT_EXTENSION, size, text, nullptr);
+        return SearchPathW(folders.c_str(), name.c_str(), kDefaultExtension, size, text, nullptr);
     });
     if (found.empty()) throw systemError(ERROR_FILE_NOT_FOUND, program);
     return found;

@@ -9,10 +9,10 @@ namespace platform::win32 {
 namespace {
 
 // The system takes 32-bit counts; whole megabytes keep long transfers aligned.
-constexpr size_t LONGEST_TRANSFER = size_t{1} << 30;
+constexpr size_t kLongestTransfer = size_t{1} << 30;
 
 DWORD transferLength(size_t bytes) {
-    return static_cast<DWORD>(std::min(bytes, LONGEST_TRANSFER));
+    return static_cast<DWORD>(std::min(bytes, kLongestTransfer));
 }
 
 OVERLAPPED at(uint64_t offset) {
