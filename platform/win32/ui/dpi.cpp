@@ -29,19 +29,6 @@ int dpiOf(HWND window) {
     return dpi ? static_cast<int>(dpi) : systemDpi();
 }
 
-int scaled(int designPixels, int dpi) {
-    return MulDiv(designPixels, dpi, kDesignDpi);
-}
-int unscaled(int devicePixels, int dpi) {
-    return MulDiv(devicePixels, kDesignDpi, dpi);
-}
-int toTwips(int devicePixels, int dpi) {
-    return MulDiv(devicePixels, kTwipsPerInch, dpi);
-}
-int fromTwips(int twips, int dpi) {
-    return MulDiv(twips, dpi, kTwipsPerInch);
-}
-
 void ownDpiChanges(HWND dialog) {
     using SetBehavior = BOOL(WINAPI*)(HWND, int, int);
     static const auto setBehavior = user32Function<SetBehavior>("SetDialogDpiChangeBehavior");
