@@ -1,0 +1,134 @@
+"""A screen and a Wine prefix of a test's own."""
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+
+from .paths import BUILD, ROOT
+from .probe import Probe
+
+CD_ROM, FIXED = 5, 3  # the system's numbers for types of drives
+_TYPE_NAMES = {CD_ROM: "cdrom", FIXED: "hd"}
+
+
+class Desktop:
+    """Xvfb on a free display with a window manager, a fresh prefix, and the probe in it.
+
+    `medium` is the folder in drive E: (None: no medium); `drives` are more of them, letter to
+    (folder, type). `dpi` is the screen's resolution as Windows programs see it.
+    """
+
+    def __init__(self, medium=None, drives=None, dpi=96, size="1280x1000"):
+        self.folder = pathlib.Path(tempfile.mkdtemp(prefix="desktop.", dir=BUILD))
+        self.prefix = self.folder / "prefix"
+        self._processes = []
+        self.probe = None
+        self.environment = self._wine_environment()
+        try:
+            subprocess.run([ROOT / "tools" / "wine-prefix", self.prefix], check=True)
+            self._start_screen(size)
+            self._set_up_prefix(medium, drives or {}, dpi)
+            self.probe = Probe(self.environment)
+        except BaseException:
+            self.close()
+            raise
+
+    def _wine_environment(self):
+        lines = subprocess.run(
+            ["bash", "-c", ". tools/wine-environment && env -0"], cwd=ROOT, check=True,
+            capture_output=True, text=True).stdout.split("\0")
+        environment = dict(line.split("=", 1) for line in lines if line)
+        environment["WINEPREFIX"] = str(self.prefix)
+        return environment
+
+    def _start_screen(self, size):
+        reading, writing = os.pipe()
+        screen = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", f"{size}x24", "-nolisten", "tcp"],
+            pass_fds=[writing], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self._processes.append(screen)
+        os.close(writing)
+        with os.fdopen(reading) as numbers:
+            number = numbers.readline().strip()
+        if not number:
+            raise RuntimeError("no virtual screen could be started")
+        self.environment["DISPLAY"] = f":{number}"
+        self._processes.append(subprocess.Popen(
+            ["openbox"], env=self.environment, stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL))
+
+    def _set_up_prefix(self, medium, drives, dpi):
+        self.set_medium("e", medium)
+        if dpi != 96:
+            self.registry("HKCU\\Control Panel\\Desktop", "LogPixels", dpi, "REG_DWORD")
+        for letter, (folder, kind) in drives.items():
+            self.set_medium(letter, folder)
+            self.registry("HKLM\\Software\\Wine\\Drives", f"{letter}:", _TYPE_NAMES[kind])
+        # Types of drives and the resolution are read when the prefix starts.
+        self.wineserver("-k")
+
+    def registry(self, key, name, value, kind="REG_SZ"):
+        self.wine("reg", "add", key, "/v", name, "/t", kind, "/d", str(value), "/f")
+
+    def set_medium(self, letter, folder):
+        """Puts a folder in a drive; None takes it out."""
+        link = self.prefix / "dosdevices" / f"{letter}:"
+        link.unlink(missing_ok=True)
+        if folder is not None:
+            link.symlink_to(folder)
+
+    def wine(self, *command):
+        return subprocess.run(["wine", *command], env=self.environment, check=True,
+                              capture_output=True, text=True).stdout
+
+    def wineserver(self, option):
+        subprocess.run(["wineserver", option], env=self.environment, check=False)
+
+    # What a person does.
+
+    def xdo(self, *command):
+        subprocess.run(["xdotool", *map(str, command)], env=self.environment, check=True,
+                       stdout=subprocess.DEVNULL)
+
+    def move(self, x, y):
+        self.xdo("mousemove", "--sync", x, y)
+
+    def click(self, x, y, button=1, times=1):
+        self.xdo("mousemove", x, y, "click", "--repeat", times, "--delay", 60, button)
+
+    def press(self, x, y, button=1):
+        self.xdo("mousemove", x, y, "mousedown", button)
+
+    def release(self, button=1):
+        self.xdo("mouseup", button)
+
+    def keys(self, *names):
+        """Presses keys by their X names, such as "Return", "alt+F4", "Down"."""
+        self.xdo("key", "--delay", 15, *names)
+
+    def type(self, text):
+        self.xdo("type", "--delay", 15, "--", text)
+
+    # What a person sees.
+
+    def screenshot(self, path):
+        path.parent.mkdir(parents=True, exist_ok=True)
+        subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=False)
+        return path
+
+    def close(self):
+        if self.probe is not None:
+            self.probe.close()
+        self.wineserver("-k")
+        self.wineserver("-w")
+        for process in reversed(self._processes):
+            process.terminate()
+            process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()

@@ -1,0 +1,226 @@
+"""Forms, controls and message boxes, looked at through the probe and worked with by mouse and keys."""
+from .names import control_ids
+from .waiting import ProbeError, wait_for
+
+
+def centre(rect):
+    left, top, right, bottom = rect
+    return (left + right) // 2, (top + bottom) // 2
+
+
+def plain(caption):
+    """A caption without its mnemonic and its shortcut."""
+    return caption.replace("&", "").split("\t")[0]
+
+
+class Window:
+    """A top-level window of the program."""
+
+    def __init__(self, program, window):
+        self.program = program
+        self.desktop = program.desktop
+        self.handle = window["handle"]
+        self.name = window["class"]
+
+    def tree(self):
+        return self.desktop.probe.ask("tree", self.handle)
+
+    @property
+    def state(self):
+        return self.tree()["window"]
+
+    @property
+    def title(self):
+        return self.state["text"]
+
+    @property
+    def rect(self):
+        return self.state["rect"]
+
+    @property
+    def exists(self):
+        return any(window["handle"] == self.handle for window in self.program.windows())
+
+    def children(self, kind=None):
+        return [child for child in self.tree()["children"] if kind in (None, child["class"])]
+
+    def close(self):
+        """Closes the window by the keyboard, as its frame would."""
+        self.desktop.keys("alt+F4")
+
+    def wait_gone(self):
+        wait_for(lambda: not self.exists, f"the end of {self.name}")
+
+
+class Form(Window):
+    """A window whose controls are known by name."""
+
+    def control(self, name):
+        return Control(self, name, control_ids()[self.name][name])
+
+    def __getattr__(self, name):
+        if name in control_ids().get(self.name, {}):
+            return self.control(name)
+        raise AttributeError(f"{self.name} has no control {name}")
+
+    # Menus.
+
+    def menu(self):
+        return self.desktop.probe.ask("menu", self.handle)
+
+    def menu_item(self, *captions):
+        """The menu item reached by these captions (without mnemonics or shortcuts)."""
+        items = self.menu()
+        for caption in captions:
+            item, = [item for item in items if plain(item["caption"]) == caption]
+            items = item["items"]
+        return item
+
+    def choose(self, *captions):
+        """Opens the menus one after the other and clicks the last caption's item."""
+        for depth in range(1, len(captions) + 1):
+            def place(path=captions[:depth]):
+                rect = self.menu_item(*path)["rect"]
+                return rect if rect[2] > rect[0] else None
+            self.desktop.click(*centre(wait_for(place, f"the menu {captions[:depth]}")))
+
+    def key(self, *names):
+        self.desktop.keys(*names)
+
+
+class Control:
+    """A control of a form, found anew for each question."""
+
+    def __init__(self, form, name, identifier):
+        self.form = form
+        self.name = name
+        self._id = identifier
+
+    def _node(self):
+        for child in self.form.tree()["children"]:
+            if child["id"] == self._id:
+                return child
+        raise ProbeError(f"{self.form.name} shows no {self.name}")
+
+    @property
+    def handle(self):
+        return self._node()["handle"]
+
+    @property
+    def text(self):
+        return self._node()["text"]
+
+    @property
+    def visible(self):
+        return self._node()["visible"]
+
+    @property
+    def enabled(self):
+        return self._node()["enabled"]
+
+    @property
+    def focused(self):
+        return self._node()["focused"]
+
+    @property
+    def checked(self):
+        return self._node()["checked"] == 1
+
+    @property
+    def rect(self):
+        return self._node()["rect"]
+
+    def _ask(self, question, *arguments):
+        return self.form.desktop.probe.ask(question, self.handle, *arguments)
+
+    # Acting.
+
+    def click(self, button=1, times=1):
+        node = wait_for(self._usable, f"{self.form.name}.{self.name} to be usable")
+        self.form.desktop.click(*centre(node["rect"]), button=button, times=times)
+
+    def _usable(self):
+        node = self._node()
+        return node if node["visible"] and node["enabled"] else None
+
+    def set_checked(self, wanted):
+        if self.checked != wanted:
+            self.click()
+            self.wait(lambda: self.checked == wanted, f"to be {'' if wanted else 'un'}checked")
+
+    def fill(self, text):
+        """Replaces an edit box's text by typing."""
+        self.click()
+        self.wait(lambda: self.focused, "to have the focus")
+        self.form.desktop.keys("Home", "shift+End", "BackSpace")
+        if text:
+            self.form.desktop.type(text)
+
+    def wait(self, condition, what):
+        return wait_for(condition, f"{self.form.name}.{self.name} {what}")
+
+    # List boxes and combo boxes.
+
+    def items(self):
+        return self._ask("combobox" if self._node()["class"] == "ComboBox" else "listbox")["items"]
+
+    @property
+    def choice(self):
+        """The chosen entry's text, None when there is none."""
+        question = "combobox" if self._node()["class"] == "ComboBox" else "listbox"
+        answer = self._ask(question)
+        return answer["items"][answer["choice"]] if answer["choice"] >= 0 else None
+
+    def item_place(self, index):
+        """A point in a row of a list that is in view."""
+        left, top, right, bottom = self._ask("item", index)
+        return left + min(20, (right - left) // 2), (top + bottom) // 2
+
+    def click_item(self, item, button=1, times=1):
+        """Clicks an entry of a list box by its text."""
+        index = self.wait(lambda: self.items().index(item) + 1 if item in self.items() else 0,
+                          f"to hold {item!r}") - 1
+        self.form.desktop.click(*self.item_place(index), button=button, times=times)
+
+    # List views.
+
+    def list_view(self, first=0, count=0):
+        return self._ask("listview", first, count)
+
+    @property
+    def count(self):
+        return self.list_view()["count"]
+
+    def rows(self):
+        """The first column's text of every row."""
+        return [row[0] for row in self.list_view(0, 1 << 20)["rows"]]
+
+    @property
+    def selected(self):
+        return self.list_view()["selected"]
+
+    def click_row(self, index, button=1, times=1):
+        self.form.desktop.click(*self.item_place(index), button=button, times=times)
+
+    def press_row(self, index, button=1):
+        self.form.desktop.press(*self.item_place(index), button=button)
+
+    def progress(self):
+        return self._ask("progress")["position"]
+
+
+class Message(Window):
+    """A message box or a common dialog: texts and buttons without names."""
+
+    @property
+    def text(self):
+        return "\n".join(child["text"] for child in self.children("Static") if child["text"])
+
+    def buttons(self):
+        return [plain(child["text"]) for child in self.children("Button") if child["visible"]]
+
+    def answer(self, caption):
+        """Clicks the button of that caption and waits for the box to go."""
+        button, = [child for child in self.children("Button") if plain(child["text"]) == caption]
+        self.desktop.click(*centre(button["rect"]))
+        self.wait_gone()

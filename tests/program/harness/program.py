@@ -1,0 +1,122 @@
+"""The program under test: its folder, its process, its windows."""
+import os
+import pathlib
+import shutil
+import signal
+import subprocess
+import tempfile
+
+from .form import Form, Message
+from .paths import BUILD, PROGRAM, SHIPPED
+from .waiting import NeverCame, wait_for
+
+
+class Program:
+    """Brivantole.exe in a program folder of its own, on a Desktop.
+
+    `folder` is made with the shipped files when not given. The program is started by `start` and can
+    be started again after it ended.
+    """
+
+    def __init__(self, desktop, folder=None):
+        self.desktop = desktop
+        self._own_folder = folder is None
+        self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="program.", dir=BUILD))
+        if folder is None:
+            for path in SHIPPED:
+                shutil.copy(path, self.folder)
+        self.process = None
+        self._identity = None
+
+    @property
+    def database(self):
+        return self.folder / "Brivantole.mdb"
+
+    @property
+    def settings(self):
+        return self.folder / "Brivantole.ini"
+
+    def start(self):
+        """Starts the program; does not wait for a window."""
+        self._before = {window["process"] for window in self.desktop.probe.ask("windows")}
+        self._identity = None
+        self.process = subprocess.Popen(
+            ["wine", str(PROGRAM)], cwd=self.folder, env=self.desktop.environment,
+            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+
+    def open(self):
+        """Starts the program and gives its main window."""
+        self.start()
+        return self.form("FrmMP3")
+
+    def windows(self):
+        """Its visible top-level windows."""
+        windows = self.desktop.probe.ask("windows")
+        if self._identity is None:
+            own = [window["process"] for window in windows
+                   if window["visible"] and window["process"] not in self._before
+                   and (window["class"].startswith("Frm") or window["class"] == "#32770")]
+            if not own:
+                return []
+            self._identity = own[0]
+        return [window for window in windows
+                if window["process"] == self._identity and window["visible"]]
+
+    def form_or_none(self, name):
+        for window in self.windows():
+            if window["class"] == name:
+                return Form(self, window)
+        return None
+
+    def form(self, name):
+        """The form of that name, once it is shown."""
+        return wait_for(lambda: self.form_or_none(name) or self._must_live(), f"the window {name}")
+
+    def wait_gone(self, name):
+        """Waits until no form of that name is shown."""
+        wait_for(lambda: self.form_or_none(name) is None, f"the end of the window {name}")
+
+    def message_or_none(self):
+        for window in self.windows():
+            if window["class"] == "#32770":
+                return Message(self, window)
+        return None
+
+    def message(self):
+        """The message box or common dialog on top, once there is one."""
+        return wait_for(lambda: self.message_or_none() or self._must_live(), "a message box")
+
+    def _must_live(self):
+        if self.process.poll() is not None:
+            raise NeverCame(f"the program ended with code {self.process.returncode}")
+
+    @property
+    def running(self):
+        return self.process is not None and self.process.poll() is None
+
+    def exit_code(self):
+        """Waits for the program's end."""
+        wait_for(lambda: not self.running, "the end of the program")
+        return self.process.returncode
+
+    def quit(self):
+        """Closes the main window as its user does, and waits for the program's end."""
+        self.form("FrmMP3").close()
+        return self.exit_code()
+
+    def kill(self):
+        """Ends the program at this instant, with no chance to tidy up."""
+        if self.running:
+            os.kill(self.process.pid, signal.SIGKILL)
+            self.process.wait()
+
+    def close(self):
+        self.kill()
+        if self._own_folder:
+            shutil.rmtree(self.folder, ignore_errors=True)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()

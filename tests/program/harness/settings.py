@@ -1,0 +1,37 @@
+"""The settings file, read by position."""
+
+_LAYOUT = ("LayoutValue1", "LayoutValue4", "WinHeight", "LayoutValue2", "LayoutValue5", "WinWidth",
+           "List1Width", "DBList2Width", "LayoutValue3", "LayoutValue6", "WinState")
+_LOOK = ("FontName", "FontBold", "FontItalic", "FontSize", "ForeColor", "BackColor")
+_CHOICES = ("Option1", "Option2", "Option3", "Check1", "Check3", "CheckAutoRefresh",
+            "CopyOption1", "CopyOption2", "CopyOption3")
+_TEXTS = ("CdRomDrive", "CopyDestination", "DestinationDrive", "ScanCdName", "PlayerPath")
+
+
+def read(path):
+    """Every value by name; checks that numbers have their blanks and lines their CR LF."""
+    data = path.read_bytes()
+    assert data.endswith(b"\r\n") and data.count(b"\n") == data.count(b"\r\n")
+    text = data.decode("utf-8-sig" if data.startswith(b"\xef\xbb\xbf") else "cp1252")
+    lines = iter(text.split("\r\n")[:-1])
+
+    def number():
+        line = next(lines)
+        assert line == (f" {int(line)} " if int(line) >= 0 else f"{int(line)} "), repr(line)
+        return int(line)
+
+    highest = number()
+    values = {"NbExtensions": highest,
+              "ExtensionList": [next(lines) for _ in range(highest + 1)],
+              "Shown": [number() for _ in range(highest + 1)],
+              "Copied": [number() for _ in range(highest + 1)]}
+    values.update((name, number()) for name in _LAYOUT)
+    values["CurrentPlayer"] = number()
+    values["CurrentPlayerName"] = next(lines)
+    values["NbPlayers"] = number()
+    values["PlayerTable"] = [(next(lines), next(lines)) for _ in range(values["NbPlayers"])]
+    values["FontName"] = next(lines)
+    values.update((name, number()) for name in _LOOK[1:] + _CHOICES)
+    values.update((name, next(lines)) for name in _TEXTS)
+    assert next(lines, None) is None, "lines left over"
+    return values

@@ -1,0 +1,34 @@
+// The questions that the probe answers; each adds one JSON value. They throw std::runtime_error
+// when a window is gone or does not answer.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+#include "tests/program/probe/json.h"
+
+namespace probe {
+
+// Every top-level window of every process that shows one.
+void tellWindows(Json& json);
+// `window` and its descendants: identity, text, place, state.
+void tellTree(Json& json, HWND window);
+// The menu bar with all that hangs from it; places on the screen of items that are open.
+void tellMenu(Json& json, HWND window);
+
+// Items and choice of a list box or of a combo box.
+void tellListBox(Json& json, HWND window);
+void tellComboBox(Json& json, HWND window);
+// Count, choice and the texts of `count` rows from `first` of a list view.
+void tellListView(Json& json, HWND window, int first, int count);
+// The place on the screen of one row of a list box or a list view.
+void tellItemPlace(Json& json, HWND window, int index);
+// Position and range of a progress bar.
+void tellProgress(Json& json, HWND window);
+// The texts that the tool tips of a process stand ready with, by the control they belong to.
+void tellToolTips(Json& json, HWND window);
+
+std::wstring className(HWND window);
+
+}  // namespace probe
