@@ -1,0 +1,65 @@
+// The words of a query.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/error.h"
+
+namespace jet {
+
+enum class TokenKind : uint8_t {
+    End,
+    Name,           // not bracketed; may be a keyword
+    BracketedName,  // never a keyword; text without the brackets
+    Text,           // text without the quotation marks, doubled ones undone
+    Number,
+    Equal,
+    NotEqual,
+    Less,
+    LessOrEqual,
+    Greater,
+    GreaterOrEqual,
+    OpenParenthesis,
+    CloseParenthesis,
+    Comma,
+    Star,
+    Minus,
+    Plus,
+    Semicolon,
+};
+
+struct Token {
+    TokenKind kind = TokenKind::End;
+    size_t position = 0;  // in the query, from 0
+    std::u16string text;  // Name, BracketedName, Text
+    double number = 0;    // Number
+};
+
+// Error 3075 with the place in the query, counted from 1 for the reader.
+base::Error syntaxError(std::u16string_view what, size_t position);
+
+class SqlLexer {
+  public:
+    // `sql` must outlive the lexer.
+    explicit SqlLexer(std::u16string_view sql) : sql_(sql) {}
+
+    // The next token; End again and again at the end. Throws SyntaxError.
+    Token next();
+
+  private:
+    void skipBlanks();
+    Token single(TokenKind kind);
+    Token name();
+    Token bracketedName();
+    Token text();
+    Token number();
+    Token comparison();
+
+    std::u16string_view sql_;
+    size_t at_ = 0;
+};
+
+}  // namespace jet
