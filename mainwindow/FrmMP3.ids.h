@@ -1,0 +1,56 @@
+// Controls and commands of the main window.
+#pragma once
+
+#define FrmMP3_Command1 1001
+#define FrmMP3_ComNouveau 1002
+#define FrmMP3_comcopier 1003
+#define FrmMP3_comsave 1004
+#define FrmMP3_Comaide 1005
+#define FrmMP3_Label4 1006
+#define FrmMP3_List1 1007
+#define FrmMP3_LabelReglage 1008
+#define FrmMP3_Label5 1009
+#define FrmMP3_DBList2 1010
+#define FrmMP3_Check1 1011
+#define FrmMP3_Check3 1012
+#define FrmMP3_Option1 1013
+#define FrmMP3_Option2 1014
+#define FrmMP3_Option3 1015
+#define FrmMP3_Label1 1016
+#define FrmMP3_Image1 1017
+#define FrmMP3_Label2 1018
+#define FrmMP3_CommandExtMoins 1019
+#define FrmMP3_CheckFormat0 1020
+#define FrmMP3_CheckFormat1 1021
+#define FrmMP3_CheckFormat2 1022
+#define FrmMP3_CheckFormat3 1023
+#define FrmMP3_CheckFormat4 1024
+#define FrmMP3_CheckFormat5 1025
+#define FrmMP3_CheckFormat6 1026
+#define FrmMP3_CheckFormat7 1027
+#define FrmMP3_CheckFormat8 1028
+#define FrmMP3_CheckFormat9 1029
+#define FrmMP3_CommandExtPlus 1030
+#define FrmMP3_LabelLecteur 1031
+#define FrmMP3_CommandLecteurMoins 1032
+#define FrmMP3_CommandLecteurPlus 1033
+#define FrmMP3_Label3 1034
+#define FrmMP3_TextRech 1035
+#define FrmMP3_CheckAutoRefresh 1036
+
+#define FrmMP3_menunouveau 1101
+#define FrmMP3_menuscan 1102
+#define FrmMP3_menusupprimer 1103
+#define FrmMP3_menucopier 1104
+#define FrmMP3_menurenrigtre 1105
+#define FrmMP3_menuquitter 1106
+#define FrmMP3_menuactualiser 1107
+#define FrmMP3_MenExt 1108
+#define FrmMP3_menuChemin 1109
+#define FrmMP3_menuCDROM 1110
+#define FrmMP3_menufontes 1111
+#define FrmMP3_menucouleurfontes 1112
+#define FrmMP3_menucouleurfond 1113
+#define FrmMP3_menuaide 1114
+#define FrmMP3_menuapropos 1115
+#define FrmMP3_raccourciRecherche 1116

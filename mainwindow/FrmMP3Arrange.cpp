@@ -1,0 +1,208 @@
+#include "mainwindow/FrmMP3Arrange.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <span>
+#include <string_view>
+
+#include "mainwindow/FrmMP3.ids.h"
+#include "platform/win32/ui/controls.h"
+#include "platform/win32/ui/dpi.h"
+#include "platform/win32/ui/place.h"
+
+namespace mainwindow {
+namespace {
+
+namespace ui = platform::win32;
+
+constexpr std::array<int, static_cast<size_t>(Control::Count)> kIds = {
+    FrmMP3_List1,          FrmMP3_LabelReglage,        FrmMP3_DBList2,
+    FrmMP3_Label4,         FrmMP3_Label5,              FrmMP3_Command1,
+    FrmMP3_ComNouveau,     FrmMP3_comcopier,           FrmMP3_comsave,
+    FrmMP3_Comaide,        FrmMP3_Image1,              FrmMP3_Label2,
+    FrmMP3_Check1,         FrmMP3_Check3,              FrmMP3_Option1,
+    FrmMP3_Option2,        FrmMP3_Option3,             FrmMP3_Label1,
+    FrmMP3_LabelLecteur,   FrmMP3_CommandLecteurMoins, FrmMP3_CommandLecteurPlus,
+    FrmMP3_Label3,         FrmMP3_TextRech,            FrmMP3_CheckAutoRefresh,
+    FrmMP3_CommandExtMoins, FrmMP3_CommandExtPlus};
+
+// An action button: its Tag is its full text, a caption when there is room and else a tool tip.
+struct ActionButton {
+    Control control;
+    std::u16string_view Tag;
+    const wchar_t* picture;
+};
+constexpr std::array<ActionButton, 5> kActionButtons = {{
+    {Control::Command1, u"Act&ualiser", L"actualiser"},
+    {Control::ComNouveau, u"&Nouveau CD", L"nouveau"},
+    {Control::comcopier, u"&Copier\nla liste", L"copier"},
+    {Control::comsave, u"&Enregistrer\nla liste", L"enregistrer"},
+    {Control::Comaide, u"Ai&de", L"aide"},
+}};
+
+// Design pixels.
+constexpr int kButtonColumnWidth = 92;
+constexpr int kPictureSize = 24;
+constexpr int kDrivePictureSize = 32;
+constexpr int kCheckMark = 19;      // the box itself and the gap before the text
+constexpr int kAfterCheckBox = 6;
+constexpr int kCheckBoxHeight = 18;
+constexpr int kSmallButton = 21;
+constexpr int kPlayerLabelWidth = 112;
+constexpr int kTextBoxHeight = 22;
+
+// The tag as a tool tip: one line, without the mark of the access key.
+std::u16string tipText(std::u16string_view tag) {
+    std::u16string text;
+    for (const char16_t character : tag)
+        if (character != u'&') text += character == u'\n' ? u' ' : character;
+    return text;
+}
+
+}  // namespace
+
+FrmMP3Arrange::FrmMP3Arrange(HWND window) : window_(window), tips_(window) {
+    ui::ownDpiChanges(window_);
+    dpiChanged();
+}
+
+HWND FrmMP3Arrange::control(HWND window, Control which) {
+    return GetDlgItem(window, kIds[static_cast<size_t>(which)]);
+}
+
+int FrmMP3Arrange::px(int designPixels) const {
+    return ui::scaled(designPixels, ui::dpiOf(window_));
+}
+
+void FrmMP3Arrange::setListWidths(int list1Width, int dbList2Width) {
+    layout_[Control::List1].width = list1Width;
+    layout_[Control::DBList2].width = dbList2Width;
+}
+
+void FrmMP3Arrange::dpiChanged() {
+    font_ = ui::dialogFont(ui::dpiOf(window_));
+    for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
+        ui::setFont(child, font_.get());
+    loadPictures();
+}
+
+void FrmMP3Arrange::loadPictures() {
+    for (size_t i = 0; i < kActionButtons.size(); ++i) {
+        pictures_[i] = ui::imageListOf(kActionButtons[i].picture, px(kPictureSize));
+        BUTTON_IMAGELIST imageList{};
+        imageList.himl = pictures_[i].get();
+        imageList.uAlign = BUTTON_IMAGELIST_ALIGN_TOP;
+        imageList.margin = {px(2), px(6), px(2), px(2)};
+        SendMessageW(control(kActionButtons[i].control), BCM_SETIMAGELIST, 0,
+                     reinterpret_cast<LPARAM>(&imageList));
+    }
+    drivePicture_ = ui::loadIcon(L"lecteur", px(kDrivePictureSize));
+    SendMessageW(control(Control::Image1), STM_SETICON,
+                 reinterpret_cast<WPARAM>(drivePicture_.get()), 0);
+}
+
+Size FrmMP3Arrange::checkBoxSize(HWND box) const {
+    const SIZE text = ui::textExtent(box, ui::textOf(box));
+    return {px(kCheckMark) + text.cx + px(kAfterCheckBox),
+            std::max<int>(text.cy, px(kCheckBoxHeight))};
+}
+
+Size FrmMP3Arrange::naturalSize(Control which) const {
+    const HWND handle = control(which);
+    const auto textSize = [handle](std::u16string_view text) {
+        const SIZE extent = ui::textExtent(handle, text);
+        return Size{extent.cx, extent.cy};
+    };
+    switch (which) {
+        case Control::Check1:
+        case Control::Check3:
+        case Control::Option1:
+        case Control::Option2:
+        case Control::Option3:
+        case Control::CheckAutoRefresh:
+            return checkBoxSize(handle);
+        case Control::Label1: {
+            // Wide enough for any usual count, so that the row stands still between refreshes.
+            const Size usual = textSize(u" 99999 morceaux.");
+            return {std::max(usual.width, textSize(ui::textOf(handle)).width),
+                    std::max(usual.height, px(kCheckBoxHeight))};
+        }
+        case Control::Comaide:
+            return {px(kButtonColumnWidth), 0};
+        case Control::Image1:
+            return {px(kDrivePictureSize), px(kDrivePictureSize)};
+        case Control::LabelLecteur:
+            return {px(kPlayerLabelWidth), px(kSmallButton)};
+        case Control::CommandLecteurMoins:
+        case Control::CommandLecteurPlus:
+        case Control::CommandExtMoins:
+        case Control::CommandExtPlus:
+            return {px(kSmallButton), px(kSmallButton)};
+        case Control::TextRech:
+            return {0, px(kTextBoxHeight)};
+        default:
+            return textSize(ui::textOf(handle));
+    }
+}
+
+LayoutInput FrmMP3Arrange::measure(bool compact) const {
+    LayoutInput input;
+    const platform::Box client = ui::clientBox(window_);
+    input.dpi = ui::dpiOf(window_);
+    input.clientWidth = client.width;
+    input.clientHeight = client.height;
+    input.compact = compact;
+    input.list1Width = list1Width();
+    input.dbList2Width = dbList2Width();
+    for (size_t i = 0; i < input.natural.size(); ++i)
+        input.natural[i] = naturalSize(static_cast<Control>(i));
+    input.naturalFormatBox = {0, px(kCheckBoxHeight)};
+    return input;
+}
+
+void FrmMP3Arrange::showButtonLooks(bool compact) {
+    for (const ActionButton& button : kActionButtons) {
+        const bool asCaption = lookOf(button.control, compact).textAsCaption;
+        ui::setText(control(button.control), asCaption ? button.Tag : std::u16string_view());
+        tips_.set(control(button.control), asCaption ? std::u16string() : tipText(button.Tag));
+    }
+}
+
+void FrmMP3Arrange::apply() {
+    if (IsIconic(window_)) return;
+    const bool compact =
+        isCompact(ui::toTwips(ui::windowBox(window_).height, ui::dpiOf(window_)));
+    showButtonLooks(compact);
+    layout_ = layOut(measure(compact));
+    placeAll();
+}
+
+void FrmMP3Arrange::placeAll() const {
+    HDWP moves = BeginDeferWindowPos(static_cast<int>(kIds.size() + kFormatBoxes));
+    const auto move = [&moves](HWND child, const platform::Box& box) {
+        moves = DeferWindowPos(moves, child, nullptr, box.left, box.top, box.width, box.height,
+                               SWP_NOZORDER | SWP_NOACTIVATE);
+    };
+    for (size_t i = 0; i < kIds.size(); ++i)
+        move(control(static_cast<Control>(i)), layout_.boxes[i]);
+    for (size_t k = 0; k < kFormatBoxes; ++k)
+        move(GetDlgItem(window_, FrmMP3_CheckFormat0 + static_cast<int>(k)),
+             layout_.formatBoxes[k]);
+    EndDeferWindowPos(moves);
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+void FrmMP3Arrange::moveSplit(int distance) {
+    mainwindow::moveSplit(layout_, distance);
+    constexpr std::array moved = {Control::Label4, Control::Label5, Control::List1,
+                                  Control::DBList2, Control::LabelReglage};
+    for (const Control which : moved) ui::moveWindow(control(which), layout_[which]);
+    for (const Control which : moved) UpdateWindow(control(which));
+}
+
+void FrmMP3Arrange::countChanged() {
+    if (naturalSize(Control::Label1).width > layout_[Control::Label1].width) apply();
+}
+
+}  // namespace mainwindow

@@ -1,0 +1,54 @@
+// The main window's controls, put where the layout rules say.
+#pragma once
+
+#include <windows.h>
+
+#include <array>
+
+#include "mainwindow/layout.h"
+#include "platform/win32/ui/gdi.h"
+#include "platform/win32/ui/pictures.h"
+#include "platform/win32/ui/tooltips.h"
+
+namespace mainwindow {
+
+class FrmMP3Arrange {
+  public:
+    // `window` with all its controls must outlive the object.
+    explicit FrmMP3Arrange(HWND window);
+
+    // The lists' widths, device pixels; those given are taken at the next apply().
+    int list1Width() const { return layout_[Control::List1].width; }
+    int dbList2Width() const { return layout_[Control::DBList2].width; }
+    void setListWidths(int list1Width, int dbList2Width);
+
+    // Lays out everything for the window's present size; nothing while it is minimised.
+    void apply();
+    // Moves the bar between the lists, both lists and their headings, and repaints them at once.
+    void moveSplit(int distance);
+    // The window is shown at other dots per inch: fonts and pictures follow.
+    void dpiChanged();
+    // The count label's text has changed; makes room when it needs more.
+    void countChanged();
+
+    static HWND control(HWND window, Control which);
+
+  private:
+    HWND control(Control which) const { return control(window_, which); }
+    int px(int designPixels) const;
+    Size naturalSize(Control which) const;
+    Size checkBoxSize(HWND box) const;
+    LayoutInput measure(bool compact) const;
+    void showButtonLooks(bool compact);
+    void placeAll() const;
+    void loadPictures();
+
+    HWND window_;
+    platform::win32::Tooltips tips_;
+    platform::win32::Font font_;
+    std::array<platform::win32::ImageList, 5> pictures_;
+    platform::win32::Icon drivePicture_;
+    Layout layout_;
+};
+
+}  // namespace mainwindow
