@@ -24,6 +24,7 @@ enum class ErrorNumber : int {
     PathNotFound = 76,
     InvalidPropertyValue = 380,
     InvalidOperation = 3001,
+    UpdateWithoutAddNew = 3020,
     NoCurrentRecord = 3021,
     FileNotFoundByEngine = 3024,
     DatabaseCorrupt = 3049,
@@ -33,9 +34,11 @@ enum class ErrorNumber : int {
     ParameterExpected = 3061,
     SyntaxError = 3075,
     ValueTooLong = 3163,
+    RecordDeleted = 3167,
     NotWritable = 3027,
-    UnrecognizedFormat = 3343,
     NotSupported = 3251,
+    ItemNotFound = 3265,
+    UnrecognizedFormat = 3343,
 };
 
 // Thrown by the logic; caught at the border of every event handler, which shows it to the user.

@@ -10,7 +10,7 @@
 
 namespace jet {
 
-struct Session;
+class Session;
 
 class Database {
   public:

@@ -4,7 +4,7 @@
 
 namespace jet {
 
-LikePattern::LikePattern(std::u16string_view pattern, const TextOrder& order) : order_(order) {
+LikePattern::LikePattern(std::u16string_view pattern, const TextOrder& order) : order_(&order) {
     for (size_t at = 0; at < pattern.size();) {
         const char16_t character = pattern[at];
         if (character == u'[') {
@@ -37,7 +37,7 @@ void LikePattern::addStar() {
 }
 
 void LikePattern::addCharacter(char16_t character) {
-    elements_.push_back({.kind = Kind::Character, .character = order_.fold(character)});
+    elements_.push_back({.kind = Kind::Character, .character = order_->fold(character)});
 }
 
 // Reads the list that `pattern[open]` begins; gives the place behind it.
@@ -76,7 +76,7 @@ void LikePattern::findContainedText() {
 
 bool LikePattern::contains(std::u16string_view text) const {
     const std::u16string& wanted = *contained_;
-    const auto same = [this](char16_t a, char16_t b) { return order_.fold(a) == b; };
+    const auto same = [this](char16_t a, char16_t b) { return order_->fold(a) == b; };
     return std::search(text.begin(), text.end(), wanted.begin(), wanted.end(), same) !=
                text.end() ||
            wanted.empty();
@@ -113,11 +113,11 @@ bool LikePattern::matches(std::u16string_view text) const {
 bool LikePattern::matchesOne(const Element& element, char16_t character) const {
     switch (element.kind) {
         case Kind::Character:
-            return order_.fold(character) == element.character;
+            return order_->fold(character) == element.character;
         case Kind::AnyCharacter:
             return true;
         case Kind::Digit: {
-            const char16_t folded = order_.fold(character);
+            const char16_t folded = order_->fold(character);
             return folded >= u'0' && folded <= u'9';
         }
         case Kind::List:
@@ -131,8 +131,8 @@ bool LikePattern::matchesOne(const Element& element, char16_t character) const {
 bool LikePattern::inRanges(const Element& list, char16_t character) const {
     for (size_t i = 0; i < list.rangeCount; ++i) {
         const Range& range = ranges_[list.firstRange + i];
-        if (order_.compareCharacters(range.first, character) <= 0 &&
-            order_.compareCharacters(character, range.last) <= 0)
+        if (order_->compareCharacters(range.first, character) <= 0 &&
+            order_->compareCharacters(character, range.last) <= 0)
             return true;
     }
     return false;

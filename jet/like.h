@@ -48,7 +48,7 @@ class LikePattern {
     bool matchesOne(const Element& element, char16_t character) const;
     bool inRanges(const Element& list, char16_t character) const;
 
-    const TextOrder& order_;
+    const TextOrder* order_;
     std::vector<Element> elements_;
     std::vector<Range> ranges_;
     std::optional<std::u16string> contained_;

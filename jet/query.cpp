@@ -1,0 +1,170 @@
+#include "jet/query.h"
+
+#include <algorithm>
+#include <string>
+#include <unordered_set>
+
+#include "base/error.h"
+#include "base/number.h"
+
+namespace jet {
+namespace {
+
+using base::Error;
+using base::ErrorNumber;
+
+// A row on its way through a sort: most comparisons end at the prefix of its first column.
+struct SortEntry {
+    uint64_t prefix;
+    RowId row;
+};
+
+class RowOrder {
+  public:
+    RowOrder(const Query& query, const Table& table, const TextOrder& textOrder)
+        : query_(query), table_(table), reader_(table, textOrder) {}
+
+    uint64_t prefix(RowView row) {
+        const SortColumn& first = query_.order.front();
+        const uint64_t prefix = reader_.sortPrefix(row, *first.column);
+        return first.descending ? ~prefix : prefix;
+    }
+
+    bool before(const SortEntry& a, const SortEntry& b) {
+        if (a.prefix != b.prefix) return a.prefix < b.prefix;
+        const RowView left = table_.row(a.row);
+        const RowView right = table_.row(b.row);
+        for (const SortColumn& sort : query_.order) {
+            const int difference = reader_.compare(left, right, *sort.column);
+            if (difference != 0) return (difference < 0) != sort.descending;
+        }
+        return false;
+    }
+
+  private:
+    const Query& query_;
+    const Table& table_;
+    ColumnReader reader_;
+};
+
+std::vector<const Column*> allColumns(const TableDefinition& definition) {
+    std::vector<const Column*> columns;
+    columns.reserve(definition.columns.size());
+    for (const Column& column : definition.columns)
+        columns.push_back(&column);
+    return columns;
+}
+
+SortColumn bindSort(const OrderTerm& term, const TableDefinition& definition, const Query& query) {
+    const Column& column = bindColumn(term.column, definition);
+    if (!column.isText() && !isComparedAsNumber(column)) {
+        throw Error(ErrorNumber::NotSupported,
+                    u"La colonne \u00AB\u00A0" + column.name +
+                        u"\u00A0\u00BB ne peut pas \u00EAtre tri\u00E9e.");
+    }
+    if (query.distinct && std::ranges::find(query.columns, &column) == query.columns.end()) {
+        throw Error(ErrorNumber::NotSupported,
+                    u"La clause ORDER BY (" + column.name + u") est en conflit avec DISTINCT.");
+    }
+    return {&column, term.descending};
+}
+
+}  // namespace
+
+Query bindQuery(const SelectStatement& statement, const TableDefinition& definition,
+                const TextOrder& textOrder) {
+    Query query;
+    query.distinct = statement.distinct;
+    for (const ColumnName& name : statement.columns)
+        query.columns.push_back(&bindColumn(name, definition));
+    if (statement.columns.empty()) query.columns = allColumns(definition);
+    if (statement.where) query.where = bindCondition(*statement.where, definition, textOrder);
+    for (const OrderTerm& term : statement.order)
+        query.order.push_back(bindSort(term, definition, query));
+    return query;
+}
+
+bool RowTester::matches(RowView row, const Condition& condition) {
+    const auto operandMatches = [&](const Condition& operand) { return matches(row, operand); };
+    switch (condition.kind) {
+        case Condition::Kind::And:
+            return std::ranges::all_of(condition.operands, operandMatches);
+        case Condition::Kind::Or:
+            return std::ranges::any_of(condition.operands, operandMatches);
+        case Condition::Kind::Test:
+            break;
+    }
+    return passes(row, condition.test);
+}
+
+bool RowTester::passes(RowView row, const ColumnTest& test) {
+    double number = 0;
+    switch (test.kind) {
+        case ColumnTest::Kind::Text:
+            return reader_.text(row, *test.column, text_) &&
+                   holds(test.comparison, reader_.order().compare(text_, test.text));
+        case ColumnTest::Kind::Number:
+            if (!reader_.number(row, *test.column, number)) return false;
+            return holds(test.comparison, number < test.number ? -1 : number > test.number);
+        case ColumnTest::Kind::Like:
+            return like(row, test);
+        case ColumnTest::Kind::Null:
+            return reader_.isNull(row, *test.column) != test.negated;
+        case ColumnTest::Kind::Never:
+            break;
+    }
+    return false;
+}
+
+bool RowTester::like(RowView row, const ColumnTest& test) {
+    if (test.column->isText()) {
+        if (!reader_.text(row, *test.column, text_)) return false;
+    } else {
+        double number = 0;
+        if (!reader_.number(row, *test.column, number)) return false;
+        text_ = base::plainNumber(number);
+    }
+    return test.pattern->matches(text_) != test.negated;
+}
+
+std::vector<RowId> rowsFromPages(const Query& query, const Table& table,
+                                 const TextOrder& textOrder) {
+    std::vector<RowId> rows;
+    std::optional<RowTester> tester;
+    if (query.where) tester.emplace(table, textOrder, *query.where);
+    table.forEachRow([&](RowId id, RowView row) {
+        if (!tester || tester->matches(row)) rows.push_back(id);
+    });
+    if (query.distinct) keepDistinct(rows, query, table, textOrder);
+    sortRows(rows, query, table, textOrder);
+    return rows;
+}
+
+void keepDistinct(std::vector<RowId>& rows, const Query& query, const Table& table,
+                  const TextOrder& textOrder) {
+    ColumnReader reader(table, textOrder);
+    std::unordered_set<std::string> seen;
+    Bytes key;
+    std::erase_if(rows, [&](RowId id) {
+        const RowView row = table.row(id);
+        key.clear();
+        for (const Column* column : query.columns)
+            reader.appendKey(row, *column, key);
+        return !seen.emplace(key.begin(), key.end()).second;
+    });
+}
+
+void sortRows(std::vector<RowId>& rows, const Query& query, const Table& table,
+              const TextOrder& textOrder) {
+    if (query.order.empty()) return;
+    RowOrder order(query, table, textOrder);
+    std::vector<SortEntry> entries;
+    entries.reserve(rows.size());
+    for (const RowId row : rows)
+        entries.push_back({order.prefix(table.row(row)), row});
+    std::ranges::stable_sort(
+        entries, [&order](const SortEntry& a, const SortEntry& b) { return order.before(a, b); });
+    std::ranges::transform(entries, rows.begin(), &SortEntry::row);
+}
+
+}  // namespace jet

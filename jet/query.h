@@ -1,0 +1,63 @@
+// A query looked up against its table, and its answer read straight from the pages: what is right
+// for every table. Faster ways to the same answer stand beside it (see planner.h).
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "jet/columnreader.h"
+#include "jet/condition.h"
+#include "jet/sqlast.h"
+#include "jet/table.h"
+
+namespace jet {
+
+struct SortColumn {
+    const Column* column = nullptr;
+    bool descending = false;
+};
+
+struct Query {
+    // In definition order for `*`; else as the query names them.
+    std::vector<const Column*> columns;
+    bool distinct = false;
+    std::optional<Condition> where;
+    std::vector<SortColumn> order;
+};
+
+// `definition` and `textOrder` must outlive the query. Throws base::Error, as bindCondition();
+// NotSupported for an order by a column of bytes, or by one that a DISTINCT leaves out.
+Query bindQuery(const SelectStatement& statement, const TableDefinition& definition,
+                const TextOrder& textOrder);
+
+// Tests rows, one after the other, without allocating.
+class RowTester {
+  public:
+    // All must outlive the tester.
+    RowTester(const Table& table, const TextOrder& textOrder, const Condition& condition)
+        : reader_(table, textOrder), condition_(condition) {}
+    bool matches(RowView row) { return matches(row, condition_); }
+
+  private:
+    bool matches(RowView row, const Condition& condition);
+    bool passes(RowView row, const ColumnTest& test);
+    bool like(RowView row, const ColumnTest& test);
+
+    ColumnReader reader_;
+    const Condition& condition_;
+    std::u16string text_;
+};
+
+// The rows of the answer, in its order: rows equal in the order's columns, and all rows of a query
+// without one, stand in the table's. Of the rows that DISTINCT finds equal the first one stays.
+std::vector<RowId> rowsFromPages(const Query& query, const Table& table,
+                                 const TextOrder& textOrder);
+
+// The pieces of it, for other ways to find the rows. Both keep the order of what they are given.
+void keepDistinct(std::vector<RowId>& rows, const Query& query, const Table& table,
+                  const TextOrder& textOrder);
+void sortRows(std::vector<RowId>& rows, const Query& query, const Table& table,
+              const TextOrder& textOrder);
+
+}  // namespace jet

@@ -1,0 +1,43 @@
+// What a database and its recordsets share: the store, until it is closed, and the ways to read
+// and change it.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string_view>
+#include <vector>
+
+#include "jet/query.h"
+#include "jet/store.h"
+#include "jet/table.h"
+#include "jet/textorder.h"
+
+namespace jet {
+
+class Session {
+  public:
+    explicit Session(std::unique_ptr<Store> store);
+
+    // InvalidOperation once closed.
+    Store& store() const;
+    void close() { store_.reset(); }
+    bool isOpen() const { return store_ != nullptr; }
+
+    const TextOrder& textOrder() const { return *textOrder_; }
+
+    // The answer to a query, in its order.
+    std::vector<RowId> rows(const Query& query, const Table& table);
+
+    // Inside a transaction of their own when none is open.
+    RowId append(Table& table, std::span<const Value> values);
+    void remove(Table& table, RowId row);
+
+  private:
+    template <typename Change>
+    void inTransaction(Change change);
+
+    std::unique_ptr<Store> store_;
+    const TextOrder* textOrder_;
+};
+
+}  // namespace jet
