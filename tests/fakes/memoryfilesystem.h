@@ -20,7 +20,25 @@ namespace fakes {
 
 class MemoryFileSystem : public platform::FileSystem {
   public:
-    enum class Step { OpenInput, Read, CreateOutput, Write, OpenFolder, NextEntry, Replace };
+    enum class Step {
+        OpenInput,
+        Read,
+        CreateOutput,
+        Write,
+        OpenFolder,
+        NextEntry,
+        Identity,
+        Replace
+    };
+
+    MemoryFileSystem() = default;
+    MemoryFileSystem(const MemoryFileSystem&) = delete;
+    MemoryFileSystem& operator=(const MemoryFileSystem&) = delete;
+    // Junctions make rings of folders, which would keep each other alive.
+    ~MemoryFileSystem() override {
+        for (const std::shared_ptr<Node>& node : nodes_)
+            node->children.clear();
+    }
 
     // Creates the file and the folders above it.
     void addFile(std::u16string_view path, std::string bytes) {
@@ -43,14 +61,14 @@ class MemoryFileSystem : public platform::FileSystem {
         const std::shared_ptr<Node> folder = find(target);
         const auto [parent, name] = split(path);
         std::shared_ptr<Node> above = add(parent, true);
-        above->children.emplace_back(std::u16string(name), folder);
+        above->children.push_back({std::u16string(name), folder, true});
     }
     void remove(std::u16string_view path) {
         const auto [parent, name] = split(path);
         const std::shared_ptr<Node> above = find(parent);
         if (above == nullptr) return;
         std::erase_if(above->children, [&name = name](const auto& child) {
-            return base::upper(child.first) == base::upper(name);
+            return base::upper(child.name) == base::upper(name);
         });
     }
 
@@ -61,6 +79,8 @@ class MemoryFileSystem : public platform::FileSystem {
         if (node == nullptr || node->isFolder) return std::nullopt;
         return node->bytes;
     }
+
+    int identitiesAsked() const { return identitiesAsked_; }
 
     // Lets the next `times` calls of `step` on `path` throw `error`.
     void fail(Step step, std::u16string_view path, base::Error error, int times = 1) {
@@ -81,6 +101,8 @@ class MemoryFileSystem : public platform::FileSystem {
         return std::make_unique<Cursor>(*this, std::u16string(path), existingFolder(path));
     }
     std::u16string folderIdentity(std::u16string_view path) override {
+        ++identitiesAsked_;
+        step(Step::Identity, path);
         const size_t number = existingFolder(path)->number;
         return base::fromUtf8("folder " + std::to_string(number));
     }
@@ -92,6 +114,12 @@ class MemoryFileSystem : public platform::FileSystem {
     }
 
   private:
+    struct Node;
+    struct Child {
+        std::u16string name;
+        std::shared_ptr<Node> node;
+        bool isLink = false;
+    };
     struct Node {
         bool isFolder = false;
         size_t number = 0;
@@ -99,7 +127,7 @@ class MemoryFileSystem : public platform::FileSystem {
         std::string bytes;
         std::string tail;
         // In the order of creation, which is the order of a listing.
-        std::vector<std::pair<std::u16string, std::shared_ptr<Node>>> children;
+        std::vector<Child> children;
     };
 
     class Input : public platform::InputFile {
@@ -155,8 +183,8 @@ class MemoryFileSystem : public platform::FileSystem {
         bool next(platform::FolderEntry& entry) override {
             files_.step(Step::NextEntry, path_);
             if (at_ >= node_->children.size()) return false;
-            const auto& [name, child] = node_->children[at_++];
-            entry = {name, child->isFolder};
+            const Child& child = node_->children[at_++];
+            entry = {child.name, child.node->isFolder, child.isLink};
             return true;
         }
 
@@ -181,8 +209,8 @@ class MemoryFileSystem : public platform::FileSystem {
         return {path.substr(0, mark), path.substr(mark + 1)};
     }
     static std::shared_ptr<Node> child(const Node& folder, std::u16string_view name) {
-        for (const auto& [childName, node] : folder.children) {
-            if (base::upper(childName) == base::upper(name)) return node;
+        for (const Child& child : folder.children) {
+            if (base::upper(child.name) == base::upper(name)) return child.node;
         }
         return nullptr;
     }
@@ -200,8 +228,9 @@ class MemoryFileSystem : public platform::FileSystem {
         if (std::shared_ptr<Node> node = child(*above, name)) return node;
         const auto node = std::make_shared<Node>();
         node->isFolder = isFolder;
-        node->number = ++nodes_;
-        above->children.emplace_back(std::u16string(name), node);
+        nodes_.push_back(node);
+        node->number = nodes_.size();
+        above->children.push_back({std::u16string(name), node});
         return node;
     }
     std::shared_ptr<Node> existingFile(std::u16string_view path) const {
@@ -242,7 +271,8 @@ class MemoryFileSystem : public platform::FileSystem {
     }
 
     std::shared_ptr<Node> root_ = rootNode();
-    size_t nodes_ = 0;
+    std::vector<std::shared_ptr<Node>> nodes_;
+    int identitiesAsked_ = 0;
     std::map<std::pair<Step, std::u16string>, std::deque<base::Error>> failures_;
 
     static std::shared_ptr<Node> rootNode() {
