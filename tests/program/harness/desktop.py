@@ -5,10 +5,12 @@ import shutil
 import subprocess
 import tempfile
 
-from .paths import BUILD, ROOT
+from .paths import BUILD, PROBE, ROOT
 from .probe import Probe
 
 CD_ROM, FIXED = 5, 3  # the system's numbers for types of drives
+_BOUND = [] if os.geteuid() != 0 else [
+    "setpriv", "--bounding-set", "-dac_override,-dac_read_search"]
 _TYPE_NAMES = {CD_ROM: "cdrom", FIXED: "hd"}
 
 
@@ -17,6 +19,7 @@ class Desktop:
 
     `medium` is the folder in drive E: (None: no medium); `drives` are more of them, letter to
     (folder, type). `dpi` is the screen's resolution as Windows programs see it.
+    Permissions of files bind the programs on it, even when the tests are run by root.
     """
 
     def __init__(self, medium=None, drives=None, dpi=96, size="1280x1000"):
@@ -29,7 +32,8 @@ class Desktop:
             subprocess.run([ROOT / "tools" / "wine-prefix", self.prefix], check=True)
             self._start_screen(size)
             self._set_up_prefix(medium, drives or {}, dpi)
-            self.probe = Probe(self.environment)
+            self.probe = Probe(self.start(str(PROBE), cwd=PROBE.parent, text=True, bufsize=1,
+                                          stdin=subprocess.PIPE, stdout=subprocess.PIPE))
         except BaseException:
             self.close()
             raise
@@ -78,9 +82,14 @@ class Desktop:
         if folder is not None:
             link.symlink_to(folder)
 
+    def start(self, *command, **options):
+        """Starts a Windows program; its process identifier is that of the program itself."""
+        return subprocess.Popen([*_BOUND, "wine", *command], env=self.environment,
+                                stderr=subprocess.DEVNULL, **options)
+
     def wine(self, *command):
-        return subprocess.run(["wine", *command], env=self.environment, check=True,
-                              capture_output=True, text=True).stdout
+        subprocess.run([*_BOUND, "wine", *command], env=self.environment, check=True,
+                       stdout=subprocess.DEVNULL)
 
     def wineserver(self, option):
         subprocess.run(["wineserver", option], env=self.environment, check=False)
@@ -109,6 +118,11 @@ class Desktop:
 
     def type(self, text):
         self.xdo("type", "--delay", 15, "--", text)
+
+    def tidy(self):
+        """Lets go of whatever a failed test may have left pressed, and parks the pointer."""
+        self.xdo("mouseup", 1, "mouseup", 3, "keyup", "alt", "keyup", "shift", "keyup", "ctrl",
+                 "mousemove", 1, 990)
 
     # What a person sees.
 

@@ -48,6 +48,11 @@ class Window:
         """Closes the window by the keyboard, as its frame would."""
         self.desktop.keys("alt+F4")
 
+    def maximize(self):
+        """Double-clicks the middle of the caption."""
+        left, top, right, _ = self.rect
+        self.desktop.click((left + right) // 2, top + 10, times=2)
+
     def wait_gone(self):
         wait_for(lambda: not self.exists, f"the end of {self.name}")
 
@@ -181,6 +186,15 @@ class Control:
         index = self.wait(lambda: self.items().index(item) + 1 if item in self.items() else 0,
                           f"to hold {item!r}") - 1
         self.form.desktop.click(*self.item_place(index), button=button, times=times)
+
+    def choose_entry(self, start):
+        """Chooses the entry of a combo box that begins with `start`, by the keyboard."""
+        index, = [number for number, item in enumerate(self.items())
+                  if item.lower().startswith(start)]
+        self.click()
+        self.wait(lambda: self._ask("combobox")["open"], "to be open")
+        self.form.desktop.keys("Home", *["Down"] * index, "Return")
+        self.wait(lambda: self.choice == self.items()[index], f"to show {start}")
 
     # List views.
 

@@ -4,20 +4,17 @@ import select
 import subprocess
 import threading
 
-from .paths import PROBE
 from .waiting import ProbeError
 
 ANSWER_SECONDS = 60
 
 
 class Probe:
-    """One probe.exe that answers questions; `environment` names the prefix and the display."""
+    """Asks a running probe.exe; `process` has its text streams."""
 
-    def __init__(self, environment):
+    def __init__(self, process):
         self._lock = threading.Lock()
-        self._process = subprocess.Popen(
-            ["wine", str(PROBE)], cwd=PROBE.parent, env=environment, text=True, bufsize=1,
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self._process = process
 
     def ask(self, *question):
         with self._lock:

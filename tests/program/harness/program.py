@@ -40,9 +40,8 @@ class Program:
         """Starts the program; does not wait for a window."""
         self._before = {window["process"] for window in self.desktop.probe.ask("windows")}
         self._identity = None
-        self.process = subprocess.Popen(
-            ["wine", str(PROGRAM)], cwd=self.folder, env=self.desktop.environment,
-            stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        self.process = self.desktop.start(str(PROGRAM), cwd=self.folder,
+                                          stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
 
     def open(self):
         """Starts the program and gives its main window."""

@@ -1,0 +1,147 @@
+"""Starting and ending: what is read, what is written, and what stops the start."""
+import pytest
+
+from harness import catalogue, settings
+from harness.program import Program
+from harness.waiting import wait_for
+
+ALL = "*** TOUS LES TITRES ***"
+
+
+def contents(folder):
+    return {path.name: path.read_bytes() for path in folder.iterdir()}
+
+
+def refuse_to_start(program):
+    """Starts a program that cannot run: gives its report's text once it has ended with a failure."""
+    before = contents(program.folder)
+    program.start()
+    message = program.message()
+    text = message.text
+    assert message.buttons() == ["OK"]
+    assert program.form_or_none("FrmMP3") is None
+    message.answer("OK")
+    assert program.exit_code() != 0
+    assert contents(program.folder) == before
+    return text
+
+
+def test_an_empty_catalogue_lists_all_titles_alone(program):
+    main = program.open()
+    assert main.List1.items() == [ALL]
+    assert main.List1.choice is None
+    assert main.DBList2.count == 0
+
+
+def test_closing_writes_the_settings_though_nothing_changed(program):
+    program.settings.touch()
+    shipped = settings.read(program.settings)
+    written = program.settings.stat().st_mtime_ns
+    program.open()
+    assert program.quit() == 0
+    assert program.settings.stat().st_mtime_ns > written
+    now = settings.read(program.settings)
+    for name in shipped:
+        if not name.endswith(("Width", "Height")) and not name.startswith("LayoutValue"):
+            assert now[name] == shipped[name], name
+
+
+def test_a_second_round_writes_the_same_bytes(program):
+    program.open()
+    program.quit()
+    first = program.settings.read_bytes()
+    program.open()
+    program.quit()
+    assert program.settings.read_bytes() == first
+
+
+def test_the_quit_entry_ends_the_program(program):
+    main = program.open()
+    main.choose("Fichier", "Quitter")
+    assert program.exit_code() == 0
+
+
+def test_a_maximised_window_comes_back_maximised_and_keeps_its_normal_size(program):
+    main = program.open()
+    normal = main.rect
+    main.maximize()
+    wait_for(lambda: main.state["maximized"], "the maximised window")
+    program.quit()
+    saved = settings.read(program.settings)
+    assert saved["WinState"] == 2
+    # The outer size is kept in twips: fifteen to a pixel.
+    assert saved["WinWidth"] == (normal[2] - normal[0]) * 15
+    assert saved["WinHeight"] == (normal[3] - normal[1]) * 15
+    again = program.open()
+    wait_for(lambda: again.state["maximized"], "the maximised window")
+
+
+def test_the_working_directory_is_the_program_directory(desktop):
+    """With a drive's root as working directory there is one backslash, not two."""
+    with Program(desktop) as program:
+        desktop.set_medium("p", program.folder)
+        try:
+            main = program.open()
+            assert main.List1.items() == [ALL]
+            assert program.quit() == 0
+        finally:
+            desktop.set_medium("p", None)
+
+
+@pytest.mark.parametrize("name", ["Brivantole.mdb", "Brivantole.ini"])
+def test_a_missing_file_is_reported_by_name(program, name):
+    (program.folder / name).unlink()
+    assert name in refuse_to_start(program)
+
+
+@pytest.mark.parametrize("length", [0, 100, 2048, 4096, 6000, 40960])
+def test_a_truncated_catalogue_is_reported(program, length):
+    whole = program.database.read_bytes()
+    program.database.write_bytes(whole[:length])
+    assert "Brivantole.mdb" in refuse_to_start(program)
+
+
+@pytest.mark.parametrize("data", [b"PK\3\4 not a database" * 300, bytes(8192), b"\xff" * 12288],
+                         ids=["zip", "zeros", "ones"])
+def test_a_foreign_catalogue_is_reported(program, data):
+    program.database.write_bytes(data)
+    assert "Brivantole.mdb" in refuse_to_start(program)
+
+
+@pytest.mark.parametrize("keep", [0, 1, 13, 30, 50])
+def test_truncated_settings_are_reported(program, keep):
+    lines = program.settings.read_bytes().split(b"\r\n")
+    program.settings.write_bytes(b"".join(line + b"\r\n" for line in lines[:keep]))
+    assert "Brivantole.ini" in refuse_to_start(program)
+
+
+def test_settings_that_hold_no_numbers_are_reported_with_their_line(program):
+    lines = program.settings.read_bytes().split(b"\r\n")
+    lines[0] = b"[options]"
+    program.settings.write_bytes(b"\r\n".join(lines))
+    text = refuse_to_start(program)
+    assert "Brivantole.ini" in text and "1" in text
+
+
+def test_a_count_of_extensions_beyond_the_limit_is_reported(program):
+    lines = program.settings.read_bytes().split(b"\r\n")
+    lines[0] = b" 2001 "
+    program.settings.write_bytes(b"\r\n".join(lines))
+    assert "Brivantole.ini" in refuse_to_start(program)
+
+
+def test_two_programs_on_one_catalogue_do_it_no_harm(program, desktop):
+    first = program.open()
+    second = Program(desktop, program.folder)
+    second.start()
+    shown = wait_for(lambda: second.form_or_none("FrmMP3") or second.message_or_none(),
+                     "the second program's first window")
+    if shown.name == "FrmMP3":
+        assert second.quit() == 0
+    else:
+        assert "Brivantole.mdb" in shown.text
+        shown.answer("OK")
+        assert second.exit_code() != 0
+    assert first.List1.items() == [ALL]
+    assert program.quit() == 0
+    assert catalogue.count(program.database) == 0
