@@ -1,0 +1,203 @@
+#!/usr/bin/env python3
+"""A whole session with the program, as a user would have it, with a screenshot of each step.
+
+Run by ./run --demo. The screenshots go to build/demo; the catalogued rows are printed at the end as
+mdbtools reads them. Ends with a failure when a step fails.
+"""
+import contextlib
+import pathlib
+import shutil
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+sys.path.insert(0, str(ROOT / "tests" / "program"))
+
+from harness import catalogue, settings  # noqa: E402  (found by the line above)
+from harness.desktop import Desktop  # noqa: E402
+from harness.paths import BUILD, SAMPLE_MEDIUM  # noqa: E402
+from harness.program import Program  # noqa: E402
+from harness.steps import ALL, add_cd, choose_cd, delete_cd, open_new_cd  # noqa: E402
+from harness.waiting import wait_for  # noqa: E402
+
+SHOTS = BUILD / "demo"
+
+
+class Demo:
+    """The session; each method is one step of it."""
+
+    def __init__(self, desktop, program, shots):
+        self.desktop = desktop
+        self.program = program
+        self.shots = shots
+        self.number = 0
+        self.main = None
+
+    @contextlib.contextmanager
+    def step(self, text):
+        self.number += 1
+        try:
+            yield
+        except Exception:
+            self.shoot("failed")
+            print(f"{self.number:2} FAILED: {text}", flush=True)
+            raise
+        self.shoot("-".join(text.lower().split()[:5]))
+        print(f"{self.number:2} {text}", flush=True)
+
+    def shoot(self, name):
+        plain = "".join(character for character in name if character.isalnum() or character == "-")
+        self.desktop.screenshot(self.shots / f"{self.number:02}-{plain}.png")
+
+    def tracks_become(self, condition, what):
+        wait_for(lambda: condition(self.main.DBList2.rows()), what)
+
+    def count_is_exact(self):
+        count = self.main.DBList2.count
+        expected = ("Aucun morceau." if count == 0 else
+                    f" {count} morceau{'x' if count > 1 else ''}.")
+        wait_for(lambda: self.main.Label1.text == expected, f"the count {expected!r}")
+        return count
+
+    def add_the_medium(self):
+        with self.step("the program starts with an empty catalogue"):
+            self.main = self.program.open()
+            assert self.main.List1.items() == [ALL]
+        with self.step("the menu opens the dialog for a new CD"):
+            dialog = open_new_cd(self.main)
+        with self.step("the CD gets its name"):
+            self.desktop.type("Été 2024")
+            wait_for(lambda: dialog.TextNouveau.text == "Été 2024", "the name")
+        with self.step("the scan shows its percentage"):
+            dialog.CommandNouveauOK.click()
+            wait_for(lambda: "%" in dialog.LabelPatientez.text, "the percentage")
+            print("  ", dialog.LabelPatientez.text)
+        with self.step("the new CD is chosen with its tracks beside it"):
+            self.program.wait_gone("FrmNouveauCD")
+            assert self.main.List1.items() == [ALL, "Été 2024"]
+            assert self.main.List1.choice == "Été 2024"
+            assert self.count_is_exact() >= 60
+        with self.step("a second CD is added"):
+            folder = SAMPLE_MEDIUM / "Chansons"
+            self.desktop.set_medium("e", folder)
+            add_cd(self.main, "Chansons d'hiver")
+            self.desktop.set_medium("e", SAMPLE_MEDIUM)
+            assert self.main.List1.items() == [ALL, "Chansons d'hiver", "Été 2024"]
+
+    def filter_and_sort(self):
+        with self.step("all titles of both CDs"):
+            choose_cd(self.main, ALL)
+            every = self.count_is_exact()
+        with self.step("a file type is unticked"):
+            self.main.CheckFormat3.click()
+            wait_for(lambda: self.main.DBList2.count < every, "fewer tracks")
+            self.count_is_exact()
+        with self.step("the file types are paged through"):
+            self.main.CommandExtPlus.click()
+            self.main.CommandExtPlus.click()
+            wait_for(lambda: self.main.CheckFormat9.text == "XM", "the last types")
+            self.main.CheckFormat9.click()
+            self.count_is_exact()
+        with self.step("the types are ticked again"):
+            self.main.CheckFormat9.click()
+            self.main.CommandExtMoins.click()
+            self.main.CommandExtMoins.click()
+            self.main.CheckFormat3.click()
+            wait_for(lambda: self.main.DBList2.count == every, "every track")
+        with self.step("the list is sorted by path"):
+            self.main.Option2.click()
+        with self.step("paths are shown instead of titles"):
+            self.main.Check1.click()
+            self.tracks_become(lambda rows: rows and all(row[0] == "[" for row in rows), "paths")
+        with self.step("the names of CDs are shown behind them"):
+            self.main.Check3.click()
+            self.tracks_become(lambda rows: rows[0].endswith("]"), "names of CDs")
+        with self.step("the list is sorted by size with titles again"):
+            self.main.Option3.click()
+            self.main.Check1.click()
+            self.tracks_become(lambda rows: rows[0][0] != "[", "titles")
+        with self.step("the list is sorted by name"):
+            self.main.Option1.click()
+
+    def search(self):
+        with self.step("a search narrows the list"):
+            choose_cd(self.main, ALL)
+            before = self.main.DBList2.count
+            self.main.TextRech.fill("café")
+            self.main.Command1.click()
+            wait_for(lambda: self.main.DBList2.count < before, "fewer tracks")
+            assert self.count_is_exact() == 2
+        with self.step("the search is cleared and the list refreshed"):
+            self.main.TextRech.fill("")
+            self.main.choose("Outils", "Actualiser l'affichage")
+            wait_for(lambda: self.main.DBList2.count == before, "every track")
+
+    def change_types(self):
+        with self.step("an audio format is added"):
+            self.main.choose("Outils", "Types de fichiers Audio")
+            dialog = self.program.form("FrmExtension")
+            dialog.Text1.fill("ogg")
+            dialog.CommandAjoutExt.click()
+            wait_for(lambda: "OGG" in dialog.ListExt.items(), "OGG")
+        with self.step("an audio format is removed"):
+            dialog.ListExt.click_item("669")
+            dialog.CommandSupprExt.click()
+            wait_for(lambda: "669" not in dialog.ListExt.items(), "no 669")
+        with self.step("the window of audio formats is closed"):
+            dialog.CommandFermExt.click()
+            self.program.wait_gone("FrmExtension")
+            assert self.main.CheckFormat0.text == "IT"
+
+    def delete(self):
+        with self.step("the program asks before it deletes a CD"):
+            choose_cd(self.main, "Chansons d'hiver")
+            self.main.choose("Fichier", "Supprimer")
+            question = self.program.message()
+            assert "le CD Chansons d'hiver ?" in question.text
+            self.shoot("question")
+            question.answer("Non")
+        with self.step("the CD is deleted"):
+            delete_cd(self.main)
+            wait_for(lambda: self.main.List1.items() == [ALL, "Été 2024"], "the shorter list")
+
+    def start_again(self):
+        with self.step("the window is closed"):
+            choose_cd(self.main, "Été 2024")
+            rows = self.main.DBList2.rows()
+            assert self.program.quit() == 0
+        with self.step("everything is there at the next start"):
+            self.main = self.program.open()
+            assert self.main.List1.items() == [ALL, "Été 2024"]
+            assert self.main.Check3.checked and not self.main.Check1.checked
+            assert self.main.Option1.checked
+            assert self.main.CheckFormat0.text == "IT"
+            choose_cd(self.main, "Été 2024")
+            self.tracks_become(lambda again: again == rows, "the same tracks")
+        with self.step("the program ends"):
+            assert self.program.quit() == 0
+            assert "OGG" in settings.read(self.program.settings)["ExtensionList"]
+
+
+def main():
+    shutil.rmtree(SHOTS, ignore_errors=True)
+    SHOTS.mkdir(parents=True)
+    with Desktop(medium=SAMPLE_MEDIUM) as desktop, Program(desktop) as program:
+        demo = Demo(desktop, program, SHOTS)
+        try:
+            demo.add_the_medium()
+            demo.filter_and_sort()
+            demo.search()
+            demo.change_types()
+            demo.delete()
+            demo.start_again()
+        except Exception as failure:
+            print(f"The demo stopped: {failure}", file=sys.stderr)
+            return 1
+        rows = catalogue.rows(program.database)
+    for row in rows:
+        print(f"{row['Compilation']} | {row['Type']:4} | {row['Taille']:8} | {row['Nom']} | {row['Fichier']}")
+    print(f"{len(rows)} rows in the catalogue; {demo.number} steps, screenshots in {SHOTS}")
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
