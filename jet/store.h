@@ -10,6 +10,7 @@
 namespace jet {
 
 class Table;
+struct Format;
 
 struct StoreOptions {
     // New pages of a transaction kept in memory before they are written ahead of its commit.
@@ -31,6 +32,8 @@ class Store {
     Store& operator=(const Store&) = delete;
 
     bool readOnly() const;
+    // jet3 or jet4, after the file.
+    const Format& format() const;
     bool hasTable(std::u16string_view name);
     // The table lives as long as the store. TableNotFound; NotSupported for a linked table.
     Table& table(std::u16string_view name);

@@ -10,6 +10,7 @@
 #include <string>
 #include <utility>
 
+#include "jet/cell.h"
 #include "jet/rawtext.h"
 #include "jet/rowcursor.h"
 #include "jet/rowid.h"
@@ -75,10 +76,16 @@ class Table {
   private:
     friend class Store;
 
+    TableWriter& writer();
+    void settleCounts();
+    void settleRemovals();
+    void endTransaction(bool committed);
+
     StoreContext& context_;
     TableDefinition definition_;
     UsageMap owned_;
-    std::unique_ptr<TableWriter> writer_;  // once something was written
+    RowShape shape_;
+    std::unique_ptr<TableWriter> writer_;  // once the running transaction has written something
 };
 
 }  // namespace jet
