@@ -100,9 +100,6 @@ class Desktop:
         subprocess.run(["xdotool", *map(str, command)], env=self.environment, check=True,
                        stdout=subprocess.DEVNULL)
 
-    def move(self, x, y):
-        self.xdo("mousemove", "--sync", x, y)
-
     def click(self, x, y, button=1, times=1):
         self.xdo("mousemove", x, y, "click", "--repeat", times, "--delay", 60, button)
 
@@ -111,6 +108,15 @@ class Desktop:
 
     def release(self, button=1):
         self.xdo("mouseup", button)
+
+    def drag(self, start, end, button=1):
+        """Presses at `start`, moves to `end` in steps as a hand does, and lets go."""
+        self.press(*start, button=button)
+        steps = 8
+        for step in range(1, steps + 1):
+            x, y = (first + (last - first) * step // steps for first, last in zip(start, end))
+            self.xdo("mousemove", "--sync", x, y)
+        self.release(button)
 
     def keys(self, *names):
         """Presses keys by their X names, such as "Return", "alt+F4", "Down"."""

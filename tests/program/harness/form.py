@@ -53,6 +53,16 @@ class Window:
         left, top, right, _ = self.rect
         self.desktop.click((left + right) // 2, top + 10, times=2)
 
+    def resize(self, width, height):
+        """Drags the lower right corner until the window would have this outer size, in pixels."""
+        left, top, right, bottom = self.rect
+        self.desktop.drag((right - 2, bottom - 2), (left + width - 2, top + height - 2))
+
+    @property
+    def size(self):
+        left, top, right, bottom = self.rect
+        return right - left, bottom - top
+
     def wait_gone(self):
         wait_for(lambda: not self.exists, f"the end of {self.name}")
 
@@ -134,6 +144,22 @@ class Control:
     @property
     def rect(self):
         return self._node()["rect"]
+
+    @property
+    def width(self):
+        left, _, right, _ = self.rect
+        return right - left
+
+    @property
+    def height(self):
+        _, top, _, bottom = self.rect
+        return bottom - top
+
+    def tip(self):
+        """The text that the control's tool tip stands ready with, "" for none."""
+        tips = {tip["control"]: tip["text"]
+                for tip in self.form.desktop.probe.ask("tooltips", self.form.handle)}
+        return tips.get(self.handle, "")
 
     def _ask(self, question, *arguments):
         return self.form.desktop.probe.ask(question, self.handle, *arguments)

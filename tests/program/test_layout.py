@@ -1,0 +1,133 @@
+"""The main window's layout: smallest size, button looks, splitter, proportions, resolution."""
+import pytest
+
+from harness import settings
+from harness.desktop import Desktop
+from harness.form import centre
+from harness.program import Program
+from harness.steps import ALL
+from harness.waiting import wait_for
+
+BUTTONS = ("Command1", "comcopier", "comsave", "ComNouveau", "Comaide")
+NORMAL_HEIGHTS = (60, 75, 75, 60, 60)
+LOWER_BAND = ("Check1", "Check3", "Option1", "Option2", "Option3", "Label1", "TextRech", "Label3",
+              "CheckAutoRefresh", "LabelLecteur", "CheckFormat0", "CheckFormat9", "CommandExtPlus")
+
+
+def becomes(main, width, height):
+    wait_for(lambda: main.size == (width, height), f"the size {width} × {height}")
+
+
+def inside(inner, outer):
+    return (inner[0] >= outer[0] and inner[1] >= outer[1]
+            and inner[2] <= outer[2] and inner[3] <= outer[3])
+
+
+def test_the_window_has_a_smallest_size(program):
+    main = program.open()
+    main.resize(400, 300)
+    becomes(main, 600, 460)
+
+
+def test_a_low_window_has_compact_buttons(program):
+    main = program.open()
+    main.resize(800, 640)
+    becomes(main, 800, 640)
+    captions = [main.control(name).text for name in BUTTONS]
+    assert all(captions)
+    assert tuple(main.control(name).height for name in BUTTONS) == NORMAL_HEIGHTS
+    assert not any(main.control(name).tip() for name in BUTTONS)
+    main.resize(800, 500)
+    becomes(main, 800, 500)
+    wait_for(lambda: main.Command1.height == 45, "the compact look")
+    assert [main.control(name).height for name in BUTTONS] == [45] * 5
+    assert [main.control(name).text for name in BUTTONS] == [""] * 5
+    assert [main.control(name).tip() for name in BUTTONS] == captions
+    main.resize(800, 640)
+    becomes(main, 800, 640)
+    wait_for(lambda: [main.control(name).text for name in BUTTONS] == captions, "the captions")
+
+
+@pytest.mark.parametrize("size", [(600, 460), (800, 640), (1200, 900)])
+def test_every_control_lies_inside_and_none_on_another(program, size):
+    main = program.open()
+    main.resize(*size)
+    becomes(main, *size)
+    shown = {child["id"]: child for child in main.children() if child["visible"]
+             and child["id"] > 1000}
+    for child in shown.values():
+        assert inside(child["rect"], main.rect), child
+    places = [child["rect"] for child in shown.values()]
+    for number, one in enumerate(places):
+        for other in places[number + 1:]:
+            assert (one[2] <= other[0] or other[2] <= one[0]
+                    or one[3] <= other[1] or other[3] <= one[1]), (one, other)
+    for name in LOWER_BAND:
+        assert main.control(name).rect[1] >= main.DBList2.rect[3]
+
+
+def test_a_resize_keeps_the_proportion_of_the_lists(program):
+    main = program.open()
+    main.resize(800, 640)
+    becomes(main, 800, 640)
+    before = main.List1.width / main.DBList2.width
+    main.resize(1200, 700)
+    becomes(main, 1200, 700)
+    wait_for(lambda: main.List1.height == main.DBList2.height, "the new layout")
+    assert main.List1.width / main.DBList2.width == pytest.approx(before, rel=0.02)
+
+
+def drag_splitter(main, distance):
+    x, y = centre(main.LabelReglage.rect)
+    main.desktop.drag((x, y), (x + distance, y))
+
+
+def test_the_splitter_moves_width_from_one_list_to_the_other(program):
+    main = program.open()
+    left, right = main.List1.width, main.DBList2.width
+    drag_splitter(main, 40)
+    wait_for(lambda: main.List1.width == left + 40, "a wider list of media")
+    assert main.DBList2.width == right - 40
+    assert main.Label5.rect[0] == main.DBList2.rect[0]
+    assert main.Label4.width == main.List1.width
+    program.quit()
+    assert settings.read(program.settings)["List1Width"] == left + 40
+
+
+def test_the_splitter_stops_at_both_limits(program):
+    main = program.open()
+    drag_splitter(main, -400)
+    wait_for(lambda: 80 <= main.List1.width < 140, "the narrowest list of media")
+    assert main.List1.width >= 80
+    drag_splitter(main, 900)
+    wait_for(lambda: 120 <= main.DBList2.width < 250, "the narrowest track list")
+
+
+def test_size_and_split_come_back_at_the_next_start(program):
+    main = program.open()
+    main.resize(1000, 720)
+    becomes(main, 1000, 720)
+    drag_splitter(main, 60)
+    widths = main.List1.width, main.DBList2.width
+    program.quit()
+    again = program.open()
+    assert again.size == (1000, 720)
+    assert (again.List1.width, again.DBList2.width) == widths
+
+
+def test_a_higher_resolution_scales_everything(album_folder):
+    with Desktop(medium=album_folder, dpi=144, size="1600x1200") as desktop:
+        with Program(desktop) as program:
+            main = program.open()
+            assert main.List1.items() == [ALL]
+            main.resize(500, 400)
+            becomes(main, 900, 690)
+            main.resize(1200, 960)
+            becomes(main, 1200, 960)
+            wait_for(lambda: main.Command1.height == 90, "buttons at one and a half times the size")
+            for child in main.children():
+                if child["visible"]:
+                    assert inside(child["rect"], main.rect), child
+            program.quit()
+            # Kept in twips, so that the size means the same at any resolution.
+            assert settings.read(program.settings)["WinWidth"] == 12000
