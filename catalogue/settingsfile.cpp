@@ -10,6 +10,7 @@
 #include "base/number.h"
 #include "base/text.h"
 #include "base/textfile.h"
+#include "catalogue/cdromdrive.h"
 #include "catalogue/settingsreader.h"
 
 namespace catalogue {
@@ -220,19 +221,21 @@ Settings parseSettings(std::string_view bytes, const base::CodePage& codePage) {
     throw byLine.error->within(lineName(byLine.line));
 }
 
-Settings LoadSettings(platform::FileSystem& files, std::u16string_view appPath,
-                      const base::CodePage& codePage) {
-    const std::u16string path = std::u16string(appPath) + fileName;
+Settings LoadSettings(platform::FileSystem& files, const platform::Drives& drives,
+                      std::u16string_view AppPath, const base::CodePage& codePage) {
+    const std::u16string path = std::u16string(AppPath) + fileName;
     try {
-        return parseSettings(readBounded(files, path), codePage);
+        Settings settings = parseSettings(readBounded(files, path), codePage);
+        settings.CdRomDrive = checkedCdRomDrive(drives, settings.CdRomDrive);
+        return settings;
     } catch (const base::Error& error) {
         throw named(error, path);
     }
 }
 
-void SaveSettings(platform::FileSystem& files, std::u16string_view appPath,
+void SaveSettings(platform::FileSystem& files, std::u16string_view AppPath,
                   const base::CodePage& codePage, const Settings& settings) {
-    const std::u16string path = std::u16string(appPath) + fileName;
+    const std::u16string path = std::u16string(AppPath) + fileName;
     try {
         files.replaceFile(path, formatSettings(settings, codePage));
     } catch (const base::Error& error) {

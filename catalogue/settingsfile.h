@@ -8,6 +8,7 @@
 
 #include "base/codepage.h"
 #include "catalogue/settings.h"
+#include "platform/drives.h"
 #include "platform/filesystem.h"
 
 namespace catalogue {
@@ -22,11 +23,12 @@ std::string formatSettings(const Settings& settings, const base::CodePage& codeP
 // being the line ("ligne 12").
 Settings parseSettings(std::string_view bytes, const base::CodePage& codePage);
 
-// `appPath` ends with a backslash. Errors name the file and, where it has one, the line.
-Settings LoadSettings(platform::FileSystem& files, std::u16string_view appPath,
-                      const base::CodePage& codePage);
+// `AppPath` ends with a backslash. Errors name the file and, where it has one, the line. A stored
+// CD-ROM drive that is none of `drives` any more gives way to one that is (checkedCdRomDrive).
+Settings LoadSettings(platform::FileSystem& files, const platform::Drives& drives,
+                      std::u16string_view AppPath, const base::CodePage& codePage);
 // Replaces the file whole.
-void SaveSettings(platform::FileSystem& files, std::u16string_view appPath,
+void SaveSettings(platform::FileSystem& files, std::u16string_view AppPath,
                   const base::CodePage& codePage, const Settings& settings);
 
 }  // namespace catalogue

@@ -38,6 +38,10 @@ bool Database::hasTable(std::u16string_view name) const {
     return session_->store().hasTable(name);
 }
 
+bool Database::hasField(std::u16string_view table, std::u16string_view field) const {
+    return session_->store().table(table).definition().find(field) != nullptr;
+}
+
 bool Database::readOnly() const {
     return session_->store().readOnly();
 }

@@ -28,6 +28,8 @@ class Database {
 
     // Table names ignore case.
     bool hasTable(std::u16string_view name) const;
+    // Whether the table, which must exist, has that field; both names ignore case.
+    bool hasField(std::u16string_view table, std::u16string_view field) const;
 
     // True when the file may only be read; every change then throws NotWritable.
     bool readOnly() const;

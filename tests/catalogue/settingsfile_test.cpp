@@ -6,6 +6,7 @@
 
 #include "base/error.h"
 #include "gtest/gtest.h"
+#include "tests/fakes/fakedrives.h"
 #include "tests/fakes/memoryfilesystem.h"
 
 namespace catalogue {
@@ -340,7 +341,7 @@ class SettingsOnDisk : public testing::Test {
     SettingsOnDisk() { files.addFolder(u"C:\\Prog"); }
     base::Error loadError() {
         try {
-            LoadSettings(files, u"C:\\Prog\\", codePage);
+            LoadSettings(files, drives, u"C:\\Prog\\", codePage);
         } catch (const base::Error& error) {
             return error;
         }
@@ -348,13 +349,23 @@ class SettingsOnDisk : public testing::Test {
         return {base::ErrorNumber::Overflow, u""};
     }
     fakes::MemoryFileSystem files;
+    fakes::FakeDrives drives{{{u'E', platform::DriveType::CdRom}}};
 };
 
 TEST_F(SettingsOnDisk, AreReplacedWholeAndComeBack) {
     files.addFile(u"C:\\Prog\\Brivantole.ini", std::string(100000, 'x'));
     SaveSettings(files, u"C:\\Prog\\", codePage, sample());
     EXPECT_EQ(files.content(u"C:\\Prog\\Brivantole.ini"), sampleBytes);
-    EXPECT_EQ(LoadSettings(files, u"C:\\Prog\\", codePage), sample());
+    EXPECT_EQ(LoadSettings(files, drives, u"C:\\Prog\\", codePage), sample());
+}
+
+TEST_F(SettingsOnDisk, NameACdRomDriveThatExists) {
+    Settings settings = sample();
+    settings.CdRomDrive = u"G:";
+    SaveSettings(files, u"C:\\Prog\\", codePage, settings);
+    EXPECT_EQ(LoadSettings(files, drives, u"C:\\Prog\\", codePage).CdRomDrive, u"E:");
+    drives = fakes::FakeDrives();
+    EXPECT_EQ(LoadSettings(files, drives, u"C:\\Prog\\", codePage).CdRomDrive, u"G:");
 }
 
 TEST_F(SettingsOnDisk, MissingAreAnErrorThatNamesTheFile) {
