@@ -1,0 +1,130 @@
+#include "jet/foldedtexts.h"
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+
+#include "base/codepage.h"
+#include "jet/textsearch.h"
+
+namespace jet {
+namespace {
+
+unsigned encode(char16_t character, uint8_t (&bytes)[3]) {
+    const unsigned code = character;
+    if (code < 0x80) {
+        bytes[0] = static_cast<uint8_t>(code);
+        return 1;
+    }
+    if (code < 0x800) {
+        bytes[0] = static_cast<uint8_t>(0xC0 | code >> 6);
+        bytes[1] = static_cast<uint8_t>(0x80 | (code & 0x3F));
+        return 2;
+    }
+    bytes[0] = static_cast<uint8_t>(0xE0 | code >> 12);
+    bytes[1] = static_cast<uint8_t>(0x80 | (code >> 6 & 0x3F));
+    bytes[2] = static_cast<uint8_t>(0x80 | (code & 0x3F));
+    return 3;
+}
+
+}  // namespace
+
+TextFolder::TextFolder(const TextOrder& order) : order_(&order), latin1_(), codePage_() {
+    for (unsigned byte = 0; byte < 256; ++byte) {
+        const char16_t latin1 = order.fold(static_cast<char16_t>(byte));
+        latin1_[byte].length = static_cast<uint8_t>(encode(latin1, latin1_[byte].bytes));
+        const auto code = static_cast<uint8_t>(byte);
+        const char16_t other = order.fold(base::CodePage::windows1252().decode(code));
+        codePage_[byte].length = static_cast<uint8_t>(encode(other, codePage_[byte].bytes));
+    }
+}
+
+void TextFolder::fold(const RawText& text, std::vector<uint8_t>& out) {
+    if (text.coding == TextCoding::CodePage) {
+        foldBytes(text, codePage_, out);
+    } else if (text.coding == TextCoding::Compressed &&
+               std::memchr(text.bytes, 0, text.length) == nullptr) {
+        foldBytes(text, latin1_, out);
+    } else {
+        decodeText(text, decoded_);
+        fold(decoded_, out);
+    }
+}
+
+void TextFolder::foldBytes(const RawText& text, const std::array<ByteForm, 256>& forms,
+                           std::vector<uint8_t>& out) const {
+    const size_t start = out.size();
+    out.resize(start + 3 * text.length);
+    uint8_t* at = out.data() + start;
+    for (size_t i = 0; i < text.length; ++i) {
+        const ByteForm& form = forms[text.bytes[i]];
+        std::copy_n(form.bytes, 3, at);
+        at += form.length;
+    }
+    out.resize(static_cast<size_t>(at - out.data()));
+}
+
+void TextFolder::fold(std::u16string_view text, std::vector<uint8_t>& out) const {
+    for (const char16_t character : text) {
+        uint8_t bytes[3];
+        const unsigned length = encode(order_->fold(character), bytes);
+        out.insert(out.end(), bytes, bytes + length);
+    }
+}
+
+void TextFolder::decode(std::span<const uint8_t> folded, std::u16string& out) {
+    out.clear();
+    for (size_t at = 0; at < folded.size();) {
+        const unsigned lead = folded[at];
+        if (lead < 0x80) {
+            out.push_back(static_cast<char16_t>(lead));
+            at += 1;
+        } else if (lead < 0xE0) {
+            out.push_back(static_cast<char16_t>((lead & 0x1F) << 6 | (folded[at + 1] & 0x3Fu)));
+            at += 2;
+        } else {
+            out.push_back(static_cast<char16_t>((lead & 0xF) << 12 | (folded[at + 1] & 0x3Fu) << 6 |
+                                                (folded[at + 2] & 0x3Fu)));
+            at += 3;
+        }
+    }
+}
+
+bool FoldedTexts::append(std::span<const uint8_t> folded) {
+    if (folded.size() >= std::numeric_limits<uint32_t>::max() - buffer_.size()) return false;
+    buffer_.insert(buffer_.end(), folded.begin(), folded.end());
+    ends_.push_back(static_cast<uint32_t>(buffer_.size()));
+    buffer_.push_back(kEnd);
+    return true;
+}
+
+bool FoldedTexts::appendNull() {
+    const uint8_t null = kNull;
+    return append({&null, 1});
+}
+
+void FoldedTexts::reserve(size_t rows) {
+    if (count() == 0) return;
+    ends_.reserve(rows);
+    buffer_.reserve(rows * (buffer_.size() / count() + 1));
+}
+
+size_t FoldedTexts::find(std::span<const uint8_t> wanted, size_t from) const {
+    return findBytes(buffer_, wanted, from);
+}
+
+// The row whose text holds the byte at `place`; no row before `firstRow` does. Hits mostly follow
+// each other closely, so the search widens from there.
+size_t FoldedTexts::rowAt(size_t place, size_t firstRow) const {
+    size_t step = 1;
+    size_t low = firstRow;
+    while (low + step < count() && ends_[low + step] < place) {
+        low += step;
+        step *= 2;
+    }
+    const auto from = ends_.begin() + static_cast<std::ptrdiff_t>(low);
+    const auto to = ends_.begin() + static_cast<std::ptrdiff_t>(std::min(low + step + 1, count()));
+    return static_cast<size_t>(std::lower_bound(from, to, place) - ends_.begin());
+}
+
+}  // namespace jet

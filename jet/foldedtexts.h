@@ -1,0 +1,89 @@
+// The texts of a column, row after row in one buffer, folded as the text order does and written in
+// UTF-8 (each code unit on its own). Two texts hold the same bytes exactly when their characters
+// match one by one, whatever their case; a pattern's text is found by looking for its bytes.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jet/rawtext.h"
+#include "jet/textorder.h"
+
+namespace jet {
+
+// Turns texts into that form.
+class TextFolder {
+  public:
+    // `order` must outlive the folder.
+    explicit TextFolder(const TextOrder& order);
+
+    const TextOrder& order() const { return *order_; }
+
+    // Append to `out`.
+    void fold(const RawText& text, std::vector<uint8_t>& out);
+    void fold(std::u16string_view text, std::vector<uint8_t>& out) const;
+
+    // Replaces `out` by the folded characters.
+    static void decode(std::span<const uint8_t> folded, std::u16string& out);
+
+  private:
+    struct ByteForm {
+        uint8_t length;
+        uint8_t bytes[3];
+    };
+    void foldBytes(const RawText& text, const std::array<ByteForm, 256>& forms,
+                   std::vector<uint8_t>& out) const;
+
+    const TextOrder* order_;
+    std::array<ByteForm, 256> latin1_;
+    std::array<ByteForm, 256> codePage_;
+    std::u16string decoded_;
+};
+
+class FoldedTexts {
+  public:
+    size_t count() const { return ends_.size(); }
+    size_t bytes() const { return buffer_.capacity() + ends_.capacity() * sizeof(uint32_t); }
+
+    // False, and nothing done, when the buffer cannot grow any more (4 GB).
+    bool append(std::span<const uint8_t> folded);
+    bool appendNull();
+    // Makes room for `rows` rows like those there are.
+    void reserve(size_t rows);
+
+    bool isNull(size_t row) const { return buffer_[begin(row)] == kNull; }
+    // Empty for Null.
+    std::span<const uint8_t> text(size_t row) const {
+        if (isNull(row)) return {};
+        return {buffer_.data() + begin(row), ends_[row] - begin(row)};
+    }
+
+    // visit(row) for each row whose text holds `wanted`, in ascending order; `wanted` is not empty.
+    template <typename Visitor>
+    void forEachHolding(std::span<const uint8_t> wanted, Visitor&& visit) const {
+        size_t row = 0;
+        for (size_t at = find(wanted, 0); at < buffer_.size(); at = find(wanted, begin(row))) {
+            row = rowAt(at, row);
+            visit(row);
+            if (++row == count()) return;
+        }
+    }
+
+  private:
+    // Neither occurs in UTF-8.
+    static constexpr uint8_t kEnd = 0xFF;
+    static constexpr uint8_t kNull = 0xFE;
+
+    size_t begin(size_t row) const { return row == 0 ? 0 : size_t{ends_[row - 1]} + 1; }
+    size_t find(std::span<const uint8_t> wanted, size_t from) const;
+    size_t rowAt(size_t place, size_t firstRow) const;
+
+    std::vector<uint8_t> buffer_;
+    std::vector<uint32_t> ends_;  // where each row's kEnd stands
+};
+
+}  // namespace jet
