@@ -17,15 +17,20 @@ inline std::string shippedCatalogue() {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-inline void addTrack(jet::Database& catalogue, const std::u16string& title, const jet::Value& cd) {
+// Adds `count` tracks of the CD named `cd`, which may be Null.
+inline void addTracks(jet::Database& catalogue, const jet::Value& cd, int count) {
+    jet::Transaction transaction(catalogue);
     const auto table = catalogue.OpenRecordset(u"ListDonnees");
-    table->AddNew();
-    table->Fields(u"Nom").setValue(title);
-    table->Fields(u"Compilation").setValue(cd);
-    table->Fields(u"Type").setValue(std::u16string(u"MP3"));
-    table->Fields(u"Taille").setValue(1234.0);
-    table->Update();
+    for (int i = 0; i < count; ++i) {
+        table->AddNew();
+        table->Fields(u"Nom").setValue(std::u16string(u"Titre"));
+        table->Fields(u"Compilation").setValue(cd);
+        table->Fields(u"Type").setValue(std::u16string(u"MP3"));
+        table->Fields(u"Taille").setValue(1234.0);
+        table->Update();
+    }
     table->Close();
+    transaction.Commit();
 }
 
 }  // namespace catalogue
