@@ -16,16 +16,32 @@ namespace {
 
 namespace ui = platform::win32;
 
-constexpr std::array<int, static_cast<size_t>(Control::Count)> kIds = {
-    FrmMP3_List1,          FrmMP3_LabelReglage,        FrmMP3_DBList2,
-    FrmMP3_Label4,         FrmMP3_Label5,              FrmMP3_Command1,
-    FrmMP3_ComNouveau,     FrmMP3_comcopier,           FrmMP3_comsave,
-    FrmMP3_Comaide,        FrmMP3_Image1,              FrmMP3_Label2,
-    FrmMP3_Check1,         FrmMP3_Check3,              FrmMP3_Option1,
-    FrmMP3_Option2,        FrmMP3_Option3,             FrmMP3_Label1,
-    FrmMP3_LabelLecteur,   FrmMP3_CommandLecteurMoins, FrmMP3_CommandLecteurPlus,
-    FrmMP3_Label3,         FrmMP3_TextRech,            FrmMP3_CheckAutoRefresh,
-    FrmMP3_CommandExtMoins, FrmMP3_CommandExtPlus};
+constexpr std::array<int, static_cast<size_t>(Control::Count)> kIds = {FrmMP3_List1,
+                                                                       FrmMP3_LabelReglage,
+                                                                       FrmMP3_DBList2,
+                                                                       FrmMP3_Label4,
+                                                                       FrmMP3_Label5,
+                                                                       FrmMP3_Command1,
+                                                                       FrmMP3_ComNouveau,
+                                                                       FrmMP3_comcopier,
+                                                                       FrmMP3_comsave,
+                                                                       FrmMP3_Comaide,
+                                                                       FrmMP3_Image1,
+                                                                       FrmMP3_Label2,
+                                                                       FrmMP3_Check1,
+                                                                       FrmMP3_Check3,
+                                                                       FrmMP3_Option1,
+                                                                       FrmMP3_Option2,
+                                                                       FrmMP3_Option3,
+                                                                       FrmMP3_Label1,
+                                                                       FrmMP3_LabelLecteur,
+                                                                       FrmMP3_CommandLecteurMoins,
+                                                                       FrmMP3_CommandLecteurPlus,
+                                                                       FrmMP3_Label3,
+                                                                       FrmMP3_TextRech,
+                                                                       FrmMP3_CheckAutoRefresh,
+                                                                       FrmMP3_CommandExtMoins,
+                                                                       FrmMP3_CommandExtPlus};
 
 // An action button: its Tag is its full text, a caption when there is room and else a tool tip.
 struct ActionButton {
@@ -45,12 +61,18 @@ constexpr std::array<ActionButton, 5> kActionButtons = {{
 constexpr int kButtonColumnWidth = 92;
 constexpr int kPictureSize = 24;
 constexpr int kDrivePictureSize = 32;
-constexpr int kCheckMark = 19;      // the box itself and the gap before the text
+constexpr int kCheckMark = 19;  // the box itself and the gap before the text
 constexpr int kAfterCheckBox = 6;
 constexpr int kCheckBoxHeight = 18;
 constexpr int kSmallButton = 21;
 constexpr int kPlayerLabelWidth = 112;
 constexpr int kTextBoxHeight = 22;
+constexpr int kNarrowestCdList = 80;
+constexpr int kNarrowestTrackList = 120;
+
+// The proportion of the lists when none is known.
+constexpr int kUsualCdListShare = 1;
+constexpr int kUsualTrackListShare = 2;
 
 // The tag as a tool tip: one line, without the mark of the access key.
 std::u16string tipText(std::u16string_view tag) {
@@ -76,8 +98,15 @@ int FrmMP3Arrange::px(int designPixels) const {
 }
 
 void FrmMP3Arrange::setListWidths(int list1Width, int dbList2Width) {
-    layout_[Control::List1].width = list1Width;
-    layout_[Control::DBList2].width = dbList2Width;
+    const auto take = [this](int cds, int tracks) {
+        layout_[Control::List1].width = cds;
+        layout_[Control::DBList2].width = tracks;
+        apply();
+    };
+    if (list1Width > 0 && dbList2Width > 0) take(list1Width, dbList2Width);
+    // A file from elsewhere may hold anything: both lists stay wide enough to be used.
+    if (this->list1Width() < px(kNarrowestCdList) || this->dbList2Width() < px(kNarrowestTrackList))
+        take(kUsualCdListShare, kUsualTrackListShare);
 }
 
 void FrmMP3Arrange::dpiChanged() {
@@ -171,8 +200,7 @@ void FrmMP3Arrange::showButtonLooks(bool compact) {
 
 void FrmMP3Arrange::apply() {
     if (IsIconic(window_)) return;
-    const bool compact =
-        isCompact(ui::toTwips(ui::windowBox(window_).height, ui::dpiOf(window_)));
+    const bool compact = isCompact(ui::toTwips(ui::windowBox(window_).height, ui::dpiOf(window_)));
     showButtonLooks(compact);
     layout_ = layOut(measure(compact));
     placeAll();
@@ -197,8 +225,10 @@ void FrmMP3Arrange::moveSplit(int distance) {
     mainwindow::moveSplit(layout_, distance);
     constexpr std::array moved = {Control::Label4, Control::Label5, Control::List1,
                                   Control::DBList2, Control::LabelReglage};
-    for (const Control which : moved) ui::moveWindow(control(which), layout_[which]);
-    for (const Control which : moved) UpdateWindow(control(which));
+    for (const Control which : moved)
+        ui::moveWindow(control(which), layout_[which]);
+    for (const Control which : moved)
+        UpdateWindow(control(which));
 }
 
 void FrmMP3Arrange::countChanged() {

@@ -17,9 +17,10 @@ class FrmMP3Arrange {
     // `window` with all its controls must outlive the object.
     explicit FrmMP3Arrange(HWND window);
 
-    // The lists' widths, device pixels; those given are taken at the next apply().
+    // The lists' widths, device pixels.
     int list1Width() const { return layout_[Control::List1].width; }
     int dbList2Width() const { return layout_[Control::DBList2].width; }
+    // Gives the lists these widths' proportion, or the usual one where they make no sense.
     void setListWidths(int list1Width, int dbList2Width);
 
     // Lays out everything for the window's present size; nothing while it is minimised.

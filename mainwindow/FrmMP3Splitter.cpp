@@ -28,8 +28,8 @@ FrmMP3Splitter::~FrmMP3Splitter() {
 }
 
 void FrmMP3Splitter::LabelReglage_MouseMove(int x) {
-    const int distance = splitter_.mouseMove(x, arrange_.list1Width(), arrange_.dbList2Width(),
-                                             ui::dpiOf(bar_));
+    const int distance =
+        splitter_.mouseMove(x, arrange_.list1Width(), arrange_.dbList2Width(), ui::dpiOf(bar_));
     if (distance != 0) arrange_.moveSplit(distance);
 }
 

@@ -1,4 +1,4 @@
-// The window that adds a CD: its name, its drive, and the progress of the scan.
+// The window that adds a CD, or scans one again: its name, its drive, and the scan's progress.
 #pragma once
 
 #include <optional>
@@ -11,12 +11,12 @@
 #include "platform/win32/ui/dialog.h"
 #include "platform/win32/ui/drivelist.h"
 #include "platform/win32/ui/editfilter.h"
+#include "scan/rescan.h"
 #include "scan/scanstate.h"
-#include "scan/scanview.h"
 
 namespace scan {
 
-class FrmNouveauCD : public platform::win32::Dialog, private ScanView {
+class FrmNouveauCD : public platform::win32::Dialog, private RescanView {
   public:
     // What a scan works with; all of it must outlive the window.
     struct Program {
@@ -27,8 +27,12 @@ class FrmNouveauCD : public platform::win32::Dialog, private ScanView {
         std::u16string_view AppPath;  // with a trailing backslash
     };
 
-    // runModal() gives IDOK once a scan has run: settings.ScanCdName is then its CD.
     explicit FrmNouveauCD(const Program& program);
+
+    // Adds a CD that the user names; true once a scan has run: settings.ScanCdName is then its CD.
+    bool addCd(HWND owner);
+    // Scans the CD `cdName` again; true when the catalogue has changed.
+    bool rescan(HWND owner, std::u16string_view cdName);
 
   protected:
     void onLoad() override;
@@ -39,14 +43,20 @@ class FrmNouveauCD : public platform::win32::Dialog, private ScanView {
     void TextNouveau_Change();
     void CommandNouveauOK_Click();
 
-    // The scan's view.
+    // What a scan sees of the window.
     void showWaiting() override;
     void setWaitingCaption(std::u16string_view caption) override;
+    void setPercentage(int percent) override;
     void keepAlive() override;
+    void load(const RescanCaptions& captions, std::u16string_view cdName) override;
+    void showScanning(std::u16string_view drive) override;
+    void unload() override;
 
-    void showScanning(bool scanning);
+    ScanTools tools() const;
+    void setScanning(bool scanning);
 
     Program program_;
+    HWND owner_ = nullptr;
     std::optional<platform::win32::DriveList> drives_;
     std::optional<platform::win32::EditFilter> nameFilter_;
     bool scanning_ = false;

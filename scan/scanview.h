@@ -19,6 +19,8 @@ class ScanView : public WalkView {
   public:
     // Makes `caption` the waiting label's text and repaints it at once.
     virtual void setWaitingCaption(std::u16string_view caption) = 0;
+    // How much of the analysis is done, for views that draw it, too.
+    virtual void setPercentage(int /*percent*/) {}
 };
 
 }  // namespace scan

@@ -23,6 +23,41 @@ void setChecked(HWND box, bool checked) {
     SendMessageW(box, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
 }
 
+uint8_t checkValue(HWND box) {
+    return static_cast<uint8_t>(SendMessageW(box, BM_GETCHECK, 0, 0));
+}
+
+void setCheckValue(HWND box, uint8_t value) {
+    SendMessageW(box, BM_SETCHECK, value, 0);
+}
+
+void fillListBox(HWND list, const std::vector<std::u16string>& rows) {
+    SendMessageW(list, WM_SETREDRAW, FALSE, 0);
+    SendMessageW(list, LB_RESETCONTENT, 0, 0);
+    for (const std::u16string& row : rows)
+        SendMessageW(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(toWide(row).c_str()));
+    SendMessageW(list, WM_SETREDRAW, TRUE, 0);
+    InvalidateRect(list, nullptr, TRUE);
+}
+
+int listBoxChoice(HWND list) {
+    return static_cast<int>(SendMessageW(list, LB_GETCURSEL, 0, 0));
+}
+
+void chooseInListBox(HWND list, int row) {
+    SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
+}
+
+std::u16string listBoxText(HWND list, int row) {
+    const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0);
+    if (length == LB_ERR) return {};
+    // The box writes a final zero behind the text.
+    std::wstring text(static_cast<size_t>(length) + 1, L'\0');
+    SendMessageW(list, LB_GETTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(text.data()));
+    text.pop_back();
+    return fromWide(text);
+}
+
 void setEnabled(HWND control, bool enabled) {
     if (!enabled && GetFocus() == control) {
         SendMessageW(GetAncestor(control, GA_ROOT), WM_NEXTDLGCTL, 0, FALSE);

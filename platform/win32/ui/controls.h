@@ -3,8 +3,10 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/win32/ui/gdi.h"
 
@@ -16,6 +18,17 @@ void setText(HWND control, std::u16string_view text);
 
 bool isChecked(HWND box);
 void setChecked(HWND box, bool checked);
+// A check box's value as it is stored: 0 off, 1 on, 2 greyed.
+uint8_t checkValue(HWND box);
+void setCheckValue(HWND box, uint8_t value);
+
+// The rows of a list box, replaced whole; none is chosen afterwards.
+void fillListBox(HWND list, const std::vector<std::u16string>& rows);
+// The chosen row, -1 for none.
+int listBoxChoice(HWND list);
+void chooseInListBox(HWND list, int row);
+// The text of a list box's row; empty for a row that is not there.
+std::u16string listBoxText(HWND list, int row);
 
 // Disabling the control that has the focus hands the focus on first.
 void setEnabled(HWND control, bool enabled);
@@ -25,6 +38,18 @@ void setFocus(HWND control);
 
 // The text's extent in the control's own font, device pixels; "&" marks do not count.
 SIZE textExtent(HWND control, std::u16string_view text);
+
+// Shows the hourglass until the end of the block.
+class WaitCursor {
+  public:
+    WaitCursor() : former_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
+    WaitCursor(const WaitCursor&) = delete;
+    WaitCursor& operator=(const WaitCursor&) = delete;
+    ~WaitCursor() { SetCursor(former_); }
+
+  private:
+    HCURSOR former_;
+};
 
 // The program's dialog font at `dpi`.
 Font dialogFont(int dpi);

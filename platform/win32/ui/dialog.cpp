@@ -52,9 +52,8 @@ void Dialog::create(HWND owner) {
 }
 
 int Dialog::runModal() {
-    disableOwner();
     result_.reset();
-    ShowWindow(window_, SW_SHOW);
+    showBlocking();
     MSG message;
     while (!result_) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);
@@ -79,12 +78,13 @@ int Dialog::dpi() const {
     return dpiOf(window_);
 }
 
-void Dialog::disableOwner() {
+void Dialog::showBlocking() {
     const HWND owner = GetWindow(window_, GW_OWNER);
     if (owner && IsWindowEnabled(owner)) {
         EnableWindow(owner, FALSE);
         disabledOwner_ = owner;
     }
+    ShowWindow(window_, SW_SHOW);
 }
 
 void Dialog::destroy() {
@@ -143,14 +143,21 @@ INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         default: {
             const std::optional<LRESULT> answer = onMessage(message, wParam, lParam);
             if (!answer) return FALSE;
+            // For these the dialog manager takes the procedure's own result.
+            if (message >= WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC) return *answer;
             if (window_) SetWindowLongPtrW(window_, DWLP_MSGRESULT, *answer);
             return TRUE;
         }
     }
 }
 
-void dispatch(MSG& message) {
-    if (Dialog* dialog = Dialog::of(message.hwnd); dialog && dialog->translate(message)) return;
+void dispatch(MSG& message) noexcept {
+    try {
+        if (Dialog* dialog = Dialog::of(message.hwnd); dialog && dialog->translate(message)) return;
+    } catch (...) {
+        reportCurrentException();
+        return;
+    }
     TranslateMessage(&message);
     DispatchMessageW(&message);
 }

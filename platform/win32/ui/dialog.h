@@ -49,13 +49,15 @@ class Dialog {
     // Escape alone; like closing unless a window says otherwise.
     virtual void onEscape() { onClose(); }
 
-    // Disables the owner as long as the window lives; runModal() does so by itself.
-    void disableOwner();
+    // Shows the window with its owner disabled as long as it lives, and returns at once; for long
+    // operations that handle messages themselves, with destroy() at their end.
+    void showBlocking();
+    // Ends the window; harmless when there is none.
+    void destroy();
 
   private:
     static INT_PTR CALLBACK procedure(HWND, UINT, WPARAM, LPARAM) noexcept;
     INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
-    void destroy();
 
     const wchar_t* name_;
     HWND window_ = nullptr;
@@ -63,8 +65,9 @@ class Dialog {
     std::optional<int> result_;
 };
 
-// Hands one message on: to the shortcuts and navigation of its dialog, else to its window.
-void dispatch(MSG& message);
+// Hands one message on: to the shortcuts and navigation of its dialog, else to its window. An error
+// on the way is reported as in a handler.
+void dispatch(MSG& message) noexcept;
 
 // Handles what is waiting in the queue and returns; for long operations that keep their window
 // painted.

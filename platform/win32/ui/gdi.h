@@ -14,6 +14,7 @@ struct HandleCloser {
     void operator()(HBRUSH brush) const { DeleteObject(brush); }
     void operator()(HICON icon) const { DestroyIcon(icon); }
     void operator()(HMENU menu) const { DestroyMenu(menu); }
+    void operator()(HACCEL table) const { DestroyAcceleratorTable(table); }
 };
 
 template <typename Handle>
@@ -23,6 +24,7 @@ using Font = Owned<HFONT>;
 using Brush = Owned<HBRUSH>;
 using Icon = Owned<HICON>;
 using Menu = Owned<HMENU>;
+using Accelerators = Owned<HACCEL>;
 
 // A device context of a window, given back at the end of the block.
 class WindowDc {

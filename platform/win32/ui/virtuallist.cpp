@@ -49,7 +49,9 @@ void VirtualList::setColours(COLORREF text, COLORREF background) {
     redraw();
 }
 
-void VirtualList::fill(NMLVDISPINFOW& request) {
+void VirtualList::fill(const NMHDR& header) {
+    // The list expects its request to be filled in place.
+    auto& request = *reinterpret_cast<NMLVDISPINFOW*>(const_cast<NMHDR*>(&header));
     if (!(request.item.mask & LVIF_TEXT)) return;
     shown_ = toWide(rowText_(static_cast<size_t>(request.item.iItem)));
     request.item.pszText = shown_.data();

@@ -30,8 +30,8 @@ class VirtualList {
     std::optional<size_t> selected() const;
     void setColours(COLORREF text, COLORREF background);
 
-    // Answers the list's LVN_GETDISPINFO; the dialog hands it on.
-    void fill(NMLVDISPINFOW& request);
+    // Answers the list's LVN_GETDISPINFO, which the dialog hands on: `header` begins the request.
+    void fill(const NMHDR& header);
 
   private:
     HWND list_;

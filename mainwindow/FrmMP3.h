@@ -1,0 +1,100 @@
+// The main window: the CD list, the track list with its filters, and the program's menus.
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "catalogue/settings.h"
+#include "jet/database.h"
+#include "mainwindow/FrmMP3Arrange.h"
+#include "mainwindow/FrmMP3Formats.h"
+#include "mainwindow/FrmMP3Look.h"
+#include "mainwindow/FrmMP3Splitter.h"
+#include "mainwindow/FrmMP3Tracks.h"
+#include "platform/system.h"
+#include "platform/win32/ui/dialog.h"
+#include "platform/win32/ui/editfilter.h"
+#include "scan/FrmNouveauCD.h"
+#include "scan/scanstate.h"
+
+namespace mainwindow {
+
+class FrmMP3 : public platform::win32::Dialog {
+  public:
+    // What the window shows and changes; all of it must outlive the window.
+    struct Program {
+        platform::System& system;
+        catalogue::Settings& settings;
+        jet::Database& catalogue;
+        scan::ScanState& scanState;
+        std::u16string_view AppPath;  // with a trailing backslash
+    };
+
+    explicit FrmMP3(const Program& program);
+
+    // Fills the CD list from the catalogue; no row is chosen afterwards.
+    void fillCdList();
+    // Shows the window in the state that the settings say.
+    void show();
+
+    bool translate(MSG& message) override;
+
+  protected:
+    void onLoad() override;
+    void onCommand(int id, int notification) override;
+    LRESULT onNotify(const NMHDR& header) override;
+    std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+    void onClose() override;
+    // Nothing to escape from.
+    void onEscape() override {}
+
+  private:
+    // Handlers, named after control and event.
+    void List1_Click();
+    void List1_RightClick(int row);
+    void ComNouveau_Click();
+    void menuscan_Click();
+    void menusupprimer_Click();
+    void MenExt_Click();
+    void raccourciRecherche_Click();
+    void Form_Resize();
+    void Form_Unload();
+
+    void onClick(int id);
+    bool onKeyDown(HWND control, WPARAM key);
+    void onDpiChanged(const RECT& suggested);
+    std::optional<LRESULT> onStaticColours(HDC dc, HWND control) const;
+
+    void applySettings();
+    void collectSettings();
+    void RefreshTrackList();
+    void refreshIfAutomatic();
+    void showCount();
+    void showPlayer();
+    void showCdRomDrive();
+    // Shows no track, and disables what acts on the chosen CD or its tracks.
+    void forgetCd();
+    void enableCdControls(bool enabled);
+    void enableCommand(int command, bool enabled);
+    // The chosen row of the CD list, -1 for none, and its text.
+    int cdRow() const;
+    std::u16string cdName() const;
+    scan::FrmNouveauCD::Program scanProgram() const;
+    void chooseCd(std::u16string_view name);
+
+    Program program_;
+    platform::win32::Accelerators accelerators_;
+    // Made once the window exists.
+    std::optional<FrmMP3Arrange> arrange_;
+    std::optional<FrmMP3Splitter> splitter_;
+    std::optional<FrmMP3Tracks> tracks_;
+    std::optional<FrmMP3Formats> formats_;
+    std::optional<platform::win32::EditFilter> searchFilter_;
+    FrmMP3Look look_;
+    bool unloaded_ = false;
+};
+
+}  // namespace mainwindow
