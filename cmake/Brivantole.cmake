@@ -35,6 +35,9 @@ function(brivantole_test name)
     target_link_libraries(${name} PRIVATE brivantole_options ${ARG_LINKS} GTest::gmock_main)
     target_compile_definitions(${name} PRIVATE
         BRIVANTOLE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    # The code under test keeps its own level; optimising the tests themselves more than doubles
+    # the time they take to compile.
+    target_compile_options(${name} PRIVATE -O0)
     set_target_properties(${name} PROPERTIES
         RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/tests)
     add_test(NAME ${name} COMMAND ${name})
