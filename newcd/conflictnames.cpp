@@ -2,24 +2,15 @@
 
 #include <algorithm>
 
+#include "base/filename.h"
 #include "base/text.h"
 
 namespace newcd {
-namespace {
-
-// What the file system refuses anywhere in a name.
-constexpr std::u16string_view kForbidden = u"\\/:*?<>|\"";
-
-}  // namespace
 
 std::u16string proposedName(std::u16string_view name) {
     std::u16string proposal(name);
     proposal.insert(std::min(name.rfind(u'.'), name.size()), u" 2");
     return proposal;
-}
-
-char16_t typedNameCharacter(char16_t character) {
-    return (kForbidden.find(character) != kForbidden.npos) ? u'\0' : character;
 }
 
 bool canAcceptName(std::u16string_view text) {
@@ -29,8 +20,8 @@ bool canAcceptName(std::u16string_view text) {
 bool isUsableName(std::u16string_view name) {
     // The system drops a dot at the end of a name, and such a name would never meet its like again.
     if (name.empty() || name.ends_with(u'.')) return false;
-    return std::ranges::none_of(
-        name, [](char16_t c) { return c < u' ' || (kForbidden.find(c) != kForbidden.npos); });
+    return std::ranges::none_of(name,
+                                [](char16_t c) { return c < u' ' || base::nameKey(c) == u'\0'; });
 }
 
 }  // namespace newcd

@@ -10,9 +10,6 @@ namespace newcd {
 // "titre 2.mp3", and that one gives "titre 2 2.mp3".
 std::u16string proposedName(std::u16string_view name);
 
-// What becomes of a character typed into the name box: itself, or 0 when no file name can hold it.
-char16_t typedNameCharacter(char16_t character);
-
 // Whether OK may accept what the name box holds: anything but blanks.
 bool canAcceptName(std::u16string_view text);
 

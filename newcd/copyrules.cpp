@@ -6,8 +6,6 @@
 namespace newcd {
 namespace {
 
-constexpr size_t kCopiedColumn = 1;
-
 std::u16string sizeText(int64_t size) {
     return base::trim(base::strNumber(size));
 }
@@ -26,20 +24,42 @@ std::u16string sizeTerm(int64_t size) {
 
 }  // namespace
 
-std::u16string_view typeOfPath(std::span<const std::u16string> types, std::u16string_view path) {
-    const std::u16string upperPath = base::upper(path);
-    std::u16string_view found;
-    for (const std::u16string& type : types) {
-        if (upperPath.ends_with(type)) found = type;
+CatalogueRule catalogueRule(const catalogue::Settings& settings) {
+    switch (settings.CopyOption1) {
+        case 1:
+            return CatalogueRule::SkipKnownTitle;
+        case 2:
+            return CatalogueRule::SkipKnownTitleAndSize;
+        default:
+            return CatalogueRule::CopyAll;
     }
-    return found;
 }
 
-bool typesAllowCopy(std::span<const std::u16string> types,
-                    std::span<const std::array<uint8_t, 2>> flags, std::u16string_view path) {
+DuplicateRule duplicateRule(const catalogue::Settings& settings) {
+    switch (settings.CopyOption2) {
+        case 1:
+            return DuplicateRule::OncePerTitle;
+        case 2:
+            return DuplicateRule::OncePerTitleAndSize;
+        default:
+            return DuplicateRule::CopyAll;
+    }
+}
+
+std::u16string_view typeOfPath(const catalogue::Settings& settings, std::u16string_view path) {
     const std::u16string upperPath = base::upper(path);
-    for (size_t i = 1; i < types.size(); ++i) {
-        if (upperPath.ends_with(types[i]) && flags[i][kCopiedColumn] == 0) return false;
+    for (int i = settings.NbExtensions; i >= 0; --i) {
+        const std::u16string& type = settings.ExtensionList(i);
+        if (upperPath.ends_with(type)) return type;
+    }
+    return {};
+}
+
+bool typesAllowCopy(const catalogue::Settings& settings, std::u16string_view path) {
+    const std::u16string upperPath = base::upper(path);
+    for (int i = 1; i <= settings.NbExtensions; ++i) {
+        const bool copied = settings.ExtensionFlags(i, catalogue::copiedColumn) != 0;
+        if (!copied && upperPath.ends_with(settings.ExtensionList(i))) return false;
     }
     return true;
 }

@@ -1,11 +1,11 @@
 // The rules that decide which tracks of a new medium are known, and which are to be copied.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
+
+#include "catalogue/settings.h"
 
 namespace newcd {
 
@@ -15,22 +15,25 @@ enum class CatalogueRule : uint8_t { CopyAll = 0, SkipKnownTitle = 1, SkipKnownT
 // Against the tracks already kept in the same run.
 enum class DuplicateRule : uint8_t { CopyAll = 0, OncePerTitle = 1, OncePerTitleAndSize = 2 };
 
-// Every function below that takes a query's ingredients gives its text. Texts stand in them as
-// quoted literals, so no title can break a query; the filter text's wildcard characters act.
+// The rules of the settings; a value that is none of them means that everything is copied.
+CatalogueRule catalogueRule(const catalogue::Settings& settings);
+DuplicateRule duplicateRule(const catalogue::Settings& settings);
 
-// The type of a walked path: the last of `types` that it ends with, case aside. Index 0 is meant to
-// take no part in the tests of a run; it only counts here for lack of a later match, since a query
-// without a type would see the temporary rows of the run, too. Empty when nothing matches.
-std::u16string_view typeOfPath(std::span<const std::u16string> types, std::u16string_view path);
+// The type of a walked path: the last of the extensions that it ends with, case aside. Extension 0
+// is meant to take no part in the tests of a run; it only counts here for lack of a later match,
+// since a query without a type would see the temporary rows of the run, too. Empty when nothing
+// matches.
+std::u16string_view typeOfPath(const catalogue::Settings& settings, std::u16string_view path);
 
-// Whether no type from index 1 on that `path` ends with is excluded from copying: column 1 of its
-// row of `flags` (as long as `types`) is 0.
-bool typesAllowCopy(std::span<const std::u16string> types,
-                    std::span<const std::array<uint8_t, 2>> flags, std::u16string_view path);
+// Whether none of the extensions from 1 on that `path` ends with is left out of copies.
+bool typesAllowCopy(const catalogue::Settings& settings, std::u16string_view path);
 
 // Whether title and path, joined, hold `filterText` (in upper case already; empty holds for all).
 bool matchesFilterText(std::u16string_view filterText, std::u16string_view title,
                        std::u16string_view path);
+
+// The functions below give the text of a query. Texts stand in it as quoted literals, so no title
+// can break it; the wildcard characters of a filter text act as such.
 
 // Search, method 1: the rows of this type and title.
 std::u16string knownTitleQuery(std::u16string_view type, std::u16string_view title);

@@ -6,19 +6,15 @@
 namespace newcd {
 namespace {
 
-// Some counts stand after a blank of their own, others bring it along.
-std::u16string withBlank(size_t count) {
-    return base::strNumber(static_cast<int64_t>(count));
+std::u16string bare(int64_t count) {
+    return base::trim(base::strNumber(count));
 }
 
-std::u16string bare(size_t count) {
-    return base::trim(withBlank(count));
-}
-
-std::u16string methodSummary(std::u16string_view method, size_t total, const MethodResult& result) {
+std::u16string methodSummary(std::u16string_view method, int64_t total,
+                             const MethodResult& result) {
     std::u16string text(method);
     text += bare(total - result.known) + u" nouveaux morceaux (" + result.newSize + u") sur";
-    text += withBlank(total) + u" - ";
+    text += base::strNumber(total) + u" - ";
     text += bare(result.known) + u" morceaux déjà mémorisés (" + result.knownSize + u").";
     return text;
 }
@@ -28,18 +24,18 @@ std::u16string copySummary(std::u16string_view end, std::u16string_view verb,
     std::u16string text(end);
     text += u"\r\n\n" + bare(result.selected) + u" morceaux ";
     text += verb;
-    text += u" (" + result.selectedSize + u") sur" + withBlank(result.found);
+    text += u" (" + result.selectedSize + u") sur" + base::strNumber(result.found);
     text += u" morceaux trouvés (" + result.foundSize + u").";
     return text;
 }
 
 }  // namespace
 
-std::u16string analysisProgress(int percent) {
+std::u16string analysisProgress(int64_t percent) {
     return u"Analyse des morceaux en cours..." + base::strNumber(percent) + u"%";
 }
 
-std::u16string filterProgress(int percent) {
+std::u16string filterProgress(int64_t percent) {
     return u"Filtrage des morceaux en cours..." + base::strNumber(percent) + u"%";
 }
 
@@ -51,7 +47,7 @@ std::u16string copyProgress(std::u16string_view sourcePath, std::u16string_view 
     return text;
 }
 
-std::u16string searchSummary(size_t total, const MethodResult& method1,
+std::u16string searchSummary(int64_t total, const MethodResult& method1,
                              const MethodResult& method2) {
     return u"Analyse terminée.\r\n\n" + methodSummary(u"Méthode 1 : ", total, method1) + u"\r\n" +
            methodSummary(u"Méthode 2 : ", total, method2);

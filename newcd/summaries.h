@@ -1,7 +1,7 @@
 // The texts that the progress labels show.
 #pragma once
 
-#include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -12,27 +12,27 @@ inline constexpr std::u16string_view kReadingText =
 inline constexpr std::u16string_view kCopyingText = u"Copie en cours...";
 
 // How far analysing and filtering are, in whole percent.
-std::u16string analysisProgress(int percent);
-std::u16string filterProgress(int percent);
+std::u16string analysisProgress(int64_t percent);
+std::u16string filterProgress(int64_t percent);
 
 // The file being copied.
 std::u16string copyProgress(std::u16string_view sourcePath, std::u16string_view title);
 
 // What one search method found: tracks and the texts of their sizes.
 struct MethodResult {
-    size_t known = 0;
+    int64_t known = 0;
     std::u16string knownSize;
     std::u16string newSize;
 };
 
 // The search's result over `total` tracks.
-std::u16string searchSummary(size_t total, const MethodResult& method1,
+std::u16string searchSummary(int64_t total, const MethodResult& method1,
                              const MethodResult& method2);
 
 struct CopyResult {
-    size_t selected = 0;
+    int64_t selected = 0;
     std::u16string selectedSize;
-    size_t found = 0;
+    int64_t found = 0;
     std::u16string foundSize;
 };
 

@@ -25,13 +25,14 @@ class TrackTables {
     // Throws base::Error (SubscriptOutOfRange) beyond kHighestRow.
     void store(size_t row, size_t column, size_t track);
 
-    // The path and the size in bytes of a cell; empty and 0 where nothing was stored.
+    // The track of a cell; empty where nothing was stored.
+    Track track(size_t row, size_t column) const;
+    // Its path and its size in bytes.
     std::u16string_view TrackFileTable(size_t row, size_t column) const;
     int64_t TrackSizeTable(size_t row, size_t column) const;
 
   private:
     static constexpr uint32_t kEmpty = UINT32_MAX;
-    Track track(size_t row, size_t column) const;
 
     const WorkList& tracks_;
     std::array<std::vector<uint32_t>, kColumns> rows_;

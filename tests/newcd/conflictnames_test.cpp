@@ -23,15 +23,6 @@ TEST(ProposedName, GoesToTheEndOfANameWithoutADot) {
     EXPECT_EQ(proposedName(u""), u" 2");
 }
 
-TEST(TypedNameCharacter, DropsWhatNoFileNameHolds) {
-    for (const char16_t character : std::u16string_view(u"\\/:*?<>|\"")) {
-        EXPECT_EQ(typedNameCharacter(character), u'\0') << static_cast<char>(character);
-    }
-    for (const char16_t character : std::u16string_view(u"aZé0 .'[]#-_")) {
-        EXPECT_EQ(typedNameCharacter(character), character) << static_cast<char>(character);
-    }
-}
-
 TEST(CanAcceptName, NeedsMoreThanBlanks) {
     EXPECT_FALSE(canAcceptName(u""));
     EXPECT_FALSE(canAcceptName(u"   "));

@@ -2,62 +2,86 @@
 
 #include <gtest/gtest.h>
 
-#include <vector>
+#include <initializer_list>
 
 namespace newcd {
 namespace {
 
-const std::vector<std::u16string> TYPES{u"669", u"IT", u"MP3", u"WAV", u"P3"};
+// Settings with these extensions, all of them copied.
+catalogue::Settings settingsWith(std::initializer_list<const char16_t*> extensions) {
+    catalogue::Settings settings;
+    settings.NbExtensions = -1;
+    for (const char16_t* extension : extensions) {
+        settings.ExtensionList(++settings.NbExtensions) = extension;
+        settings.ExtensionFlags(settings.NbExtensions, catalogue::copiedColumn) = 1;
+    }
+    return settings;
+}
+
+TEST(Rules, FollowTheSettings) {
+    catalogue::Settings settings;
+    EXPECT_EQ(catalogueRule(settings), CatalogueRule::CopyAll);
+    EXPECT_EQ(duplicateRule(settings), DuplicateRule::CopyAll);
+    settings.CopyOption1 = 1;
+    settings.CopyOption2 = 2;
+    EXPECT_EQ(catalogueRule(settings), CatalogueRule::SkipKnownTitle);
+    EXPECT_EQ(duplicateRule(settings), DuplicateRule::OncePerTitleAndSize);
+    settings.CopyOption1 = 2;
+    settings.CopyOption2 = 1;
+    EXPECT_EQ(catalogueRule(settings), CatalogueRule::SkipKnownTitleAndSize);
+    EXPECT_EQ(duplicateRule(settings), DuplicateRule::OncePerTitle);
+    settings.CopyOption1 = settings.CopyOption2 = 3;
+    EXPECT_EQ(catalogueRule(settings), CatalogueRule::CopyAll);
+    EXPECT_EQ(duplicateRule(settings), DuplicateRule::CopyAll);
+}
 
 TEST(TypeOfPath, IgnoresTheCaseOfThePath) {
-    EXPECT_EQ(typeOfPath(TYPES, u"D:\\a.wav"), u"WAV");
-    EXPECT_EQ(typeOfPath(TYPES, u"D:\\a.It"), u"IT");
+    const auto settings = settingsWith({u"669", u"IT", u"MP3", u"WAV"});
+    EXPECT_EQ(typeOfPath(settings, u"D:\\a.wav"), u"WAV");
+    EXPECT_EQ(typeOfPath(settings, u"D:\\a.It"), u"IT");
 }
 
 TEST(TypeOfPath, LastMatchWins) {
-    EXPECT_EQ(typeOfPath(TYPES, u"D:\\a.MP3"), u"P3");
+    EXPECT_EQ(typeOfPath(settingsWith({u"669", u"MP3", u"P3"}), u"D:\\a.MP3"), u"P3");
+    EXPECT_EQ(typeOfPath(settingsWith({u"669", u"P3", u"MP3"}), u"D:\\a.MP3"), u"MP3");
 }
 
 TEST(TypeOfPath, FirstTypeCountsForLackOfALaterMatch) {
-    EXPECT_EQ(typeOfPath(TYPES, u"D:\\a.669"), u"669");
-    const std::vector<std::u16string> both{u"669", u"9"};
-    EXPECT_EQ(typeOfPath(both, u"D:\\a.669"), u"9");
+    EXPECT_EQ(typeOfPath(settingsWith({u"669", u"IT"}), u"D:\\a.669"), u"669");
+    EXPECT_EQ(typeOfPath(settingsWith({u"669", u"9"}), u"D:\\a.669"), u"9");
 }
 
 TEST(TypeOfPath, IsEmptyWhenNothingMatches) {
-    EXPECT_EQ(typeOfPath(TYPES, u"D:\\a.xm"), u"");
-    EXPECT_EQ(typeOfPath({}, u"D:\\a.mp3"), u"");
-    EXPECT_EQ(typeOfPath(TYPES, u"9"), u"");
+    EXPECT_EQ(typeOfPath(settingsWith({u"669", u"IT"}), u"D:\\a.xm"), u"");
+    EXPECT_EQ(typeOfPath(settingsWith({u"669"}), u"9"), u"");
+    EXPECT_EQ(typeOfPath(settingsWith({}), u"D:\\a.mp3"), u"");
 }
 
-class TypesAllowCopy : public testing::Test {
-  protected:
-    // Column 0 is the main window's and has no say here.
-    std::vector<std::array<uint8_t, 2>> flags{{0, 1}, {0, 1}, {0, 1}, {0, 1}, {0, 1}};
-};
-
-TEST_F(TypesAllowCopy, UnlessAMatchingTypeIsOff) {
-    EXPECT_TRUE(typesAllowCopy(TYPES, flags, u"D:\\a.wav"));
-    flags[3] = {1, 0};
-    EXPECT_FALSE(typesAllowCopy(TYPES, flags, u"D:\\a.wav"));
-    EXPECT_TRUE(typesAllowCopy(TYPES, flags, u"D:\\a.it"));
+TEST(TypesAllowCopy, UnlessAMatchingTypeIsOff) {
+    auto settings = settingsWith({u"669", u"IT", u"WAV"});
+    EXPECT_TRUE(typesAllowCopy(settings, u"D:\\a.wav"));
+    settings.ExtensionFlags(2, catalogue::copiedColumn) = 0;
+    settings.ExtensionFlags(2, catalogue::shownColumn) = 1;
+    EXPECT_FALSE(typesAllowCopy(settings, u"D:\\a.wav"));
+    EXPECT_TRUE(typesAllowCopy(settings, u"D:\\a.it"));
 }
 
-TEST_F(TypesAllowCopy, AnyMatchingTypeThatIsOffRefuses) {
-    flags[2][1] = 0;
-    EXPECT_FALSE(typesAllowCopy(TYPES, flags, u"D:\\a.mp3"));
-    flags[2][1] = 1;
-    flags[4][1] = 0;
-    EXPECT_FALSE(typesAllowCopy(TYPES, flags, u"D:\\a.mp3"));
+TEST(TypesAllowCopy, AnyMatchingTypeThatIsOffRefuses) {
+    for (const int off : {1, 2}) {
+        auto settings = settingsWith({u"669", u"MP3", u"P3"});
+        settings.ExtensionFlags(off, catalogue::copiedColumn) = 0;
+        EXPECT_FALSE(typesAllowCopy(settings, u"D:\\a.mp3")) << off;
+    }
 }
 
-TEST_F(TypesAllowCopy, FirstTypeIsNeverTested) {
-    flags[0][1] = 0;
-    EXPECT_TRUE(typesAllowCopy(TYPES, flags, u"D:\\a.669"));
+TEST(TypesAllowCopy, FirstTypeIsNeverTested) {
+    auto settings = settingsWith({u"669", u"IT"});
+    settings.ExtensionFlags(0, catalogue::copiedColumn) = 0;
+    EXPECT_TRUE(typesAllowCopy(settings, u"D:\\a.669"));
 }
 
-TEST_F(TypesAllowCopy, UnknownTypesPass) {
-    EXPECT_TRUE(typesAllowCopy(TYPES, flags, u"D:\\a.xyz"));
+TEST(TypesAllowCopy, UnknownTypesPass) {
+    EXPECT_TRUE(typesAllowCopy(settingsWith({u"669", u"IT"}), u"D:\\a.xyz"));
 }
 
 TEST(MatchesFilterText, LooksInTitleThenPath) {

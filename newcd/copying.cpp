@@ -1,0 +1,94 @@
+#include "newcd/copying.h"
+
+#include "base/error.h"
+#include "newcd/conflictnames.h"
+#include "newcd/copytargets.h"
+#include "newcd/selection.h"
+#include "newcd/summaries.h"
+
+namespace newcd {
+namespace {
+
+void createFolders(platform::FileCopier& copier, const CopyTarget& target) {
+    for (const std::u16string& folder : target.foldersToCreate) {
+        try {
+            copier.createFolder(folder);
+        } catch (const base::Error&) {
+            // Most often it is there already; if it is not, copying into it will tell.
+        }
+    }
+}
+
+// Replaces CopyFileName, which is taken, by the next proposal or by the user's choice.
+void chooseNewName(RunState& run, CopyWindow& window) {
+    const std::u16string oldName = run.CopyFileName;
+    const std::u16string proposal = proposedName(oldName);
+    for (;;) {
+        run.CopyFileName = proposal;
+        if (run.AutoRenameAll == 1) return;
+        window.askNewName(oldName, proposal);
+        if (run.CopyFileName == proposal || isUsableName(run.CopyFileName)) return;
+    }
+}
+
+// Gives false when the name was taken between the test and the copy's end.
+bool tryCopy(const RunTools& tools, const Track& track, std::u16string_view target,
+             CopyWindow& window) {
+    try {
+        tools.copier.copy(track.path, target, [&](uint64_t, uint64_t) { window.yield(); });
+        return true;
+    } catch (const base::Error& error) {
+        if (error.number() != base::ErrorNumber::FileAlreadyExists) throw;
+        return false;
+    }
+}
+
+void copyTrack(const RunTools& tools, RunState& run, const Track& track, CopyWindow& window) {
+    const CopyTarget target =
+        copyTarget(tools.settings.CopyDestination, track.path, tools.settings.CopyOption3 != 0);
+    createFolders(tools.copier, target);
+    run.CopyFileName = target.name;
+    for (;;) {
+        while (tools.copier.opens(pathIn(target.folder, run.CopyFileName)))
+            chooseNewName(run, window);
+        window.showProgress(copyProgress(track.path, track.title));
+        if (tryCopy(tools, track, pathIn(target.folder, run.CopyFileName), window)) return;
+        chooseNewName(run, window);
+    }
+}
+
+}  // namespace
+
+bool waitForStart(RunState& run, CopyWindow& window) {
+    bool enabled = run.SelectedCount != 0;
+    window.enableStart(enabled);
+    while (!run.stopRequested()) {
+        if (run.CopyStarted == 1) return true;
+        window.waitForEvents();
+        if ((run.SelectedCount != 0) == enabled) continue;
+        enabled = !enabled;
+        window.enableStart(enabled);
+    }
+    return false;
+}
+
+bool copySelection(const RunTools& tools, RunState& run, CopyWindow& window) {
+    run.AutoRenameAll = 0;
+    window.showProgress(kCopyingText);
+    window.enableStart(false);
+    window.enableList(false);
+    for (size_t position = 0; position < run.checked.size(); ++position) {
+        if (!run.checked[position]) continue;
+        copyTrack(tools, run, run.tables.track(position + 1, 0), window);
+        window.yield();
+        if (run.stopRequested()) return false;
+    }
+    window.showProgress(copiedSummary(copyResult(run, tools.decimalSeparator)));
+    window.turnCancelIntoOk();
+    window.enableList(true);
+    while (!run.stopRequested())
+        window.waitForEvents();
+    return true;
+}
+
+}  // namespace newcd

@@ -1,0 +1,70 @@
+// A copier within a file system in memory.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/error.h"
+#include "platform/filecopier.h"
+#include "tests/fakes/memoryfilesystem.h"
+
+namespace fakes {
+
+class MemoryFileCopier : public platform::FileCopier {
+  public:
+    explicit MemoryFileCopier(MemoryFileSystem& files) : files_(files) {}
+
+    // Lets the next copy throw `error`.
+    void failNextCopy(base::Error error) { failures_.push_back(std::move(error)); }
+    // Called before the next copy looks whether its target exists.
+    void beforeNextCopy(std::function<void()> action) { beforeCopy_ = std::move(action); }
+
+    // Source and target of every copy that succeeded.
+    using Copied = std::pair<std::u16string, std::u16string>;
+    const std::vector<Copied>& copied() const { return copied_; }
+    const std::vector<std::u16string>& createdFolders() const { return createdFolders_; }
+
+    void createFolder(std::u16string_view path) override {
+        if (files_.exists(path))
+            throw base::Error(base::ErrorNumber::FileAlreadyExists, u"Le dossier existe déjà.");
+        requireFolderOf(path);
+        files_.addFolder(path);
+        createdFolders_.emplace_back(path);
+    }
+    bool opens(std::u16string_view path) override { return files_.content(path).has_value(); }
+    void copy(std::u16string_view source, std::u16string_view target,
+              const platform::CopyProgress& progress) override {
+        if (beforeCopy_) std::exchange(beforeCopy_, nullptr)();
+        if (!failures_.empty()) {
+            const base::Error error = failures_.front();
+            failures_.pop_front();
+            throw error;
+        }
+        const auto bytes = files_.content(source);
+        if (!bytes) throw base::Error(base::ErrorNumber::FileNotFound, u"Fichier introuvable.");
+        requireFolderOf(target);
+        progress(bytes->size() / 2, bytes->size());
+        progress(bytes->size(), bytes->size());
+        if (files_.exists(target))
+            throw base::Error(base::ErrorNumber::FileAlreadyExists, u"Le fichier existe déjà.");
+        files_.addFile(target, *bytes);
+        copied_.emplace_back(source, target);
+    }
+
+  private:
+    void requireFolderOf(std::u16string_view path) const {
+        if (!files_.exists(path.substr(0, path.rfind(u'\\'))))
+            throw base::Error(base::ErrorNumber::PathNotFound, u"Chemin d'accès introuvable.");
+    }
+
+    MemoryFileSystem& files_;
+    std::deque<base::Error> failures_;
+    std::function<void()> beforeCopy_;
+    std::vector<Copied> copied_;
+    std::vector<std::u16string> createdFolders_;
+};
+
+}  // namespace fakes
