@@ -15,13 +15,6 @@ DWORD transferLength(size_t bytes) {
     return static_cast<DWORD>(std::min(bytes, kLongestTransfer));
 }
 
-OVERLAPPED at(uint64_t offset) {
-    OVERLAPPED position{};
-    position.Offset = static_cast<DWORD>(offset);
-    position.OffsetHigh = static_cast<DWORD>(offset >> 32);
-    return position;
-}
-
 }  // namespace
 
 RawFile::RawFile(std::u16string_view path, DWORD access, DWORD share, DWORD disposition,
@@ -38,34 +31,44 @@ uint64_t RawFile::size() const {
     return static_cast<uint64_t>(size.QuadPart);
 }
 
-size_t RawFile::read(uint64_t offset, std::span<uint8_t> bytes) const {
+void RawFile::moveTo(uint64_t offset) {
+    if (offset == position_) return;
+    LARGE_INTEGER distance;
+    distance.QuadPart = static_cast<LONGLONG>(offset);
+    if (!SetFilePointerEx(handle_.get(), distance, nullptr, FILE_BEGIN)) {
+        throw systemError(GetLastError(), path_);
+    }
+    position_ = offset;
+}
+
+size_t RawFile::read(uint64_t offset, std::span<uint8_t> bytes) {
+    moveTo(offset);
     size_t done = 0;
     while (done < bytes.size()) {
-        OVERLAPPED position = at(offset + done);
         DWORD count = 0;
         if (!ReadFile(handle_.get(), bytes.data() + done, transferLength(bytes.size() - done),
-                      &count, &position)) {
-            const DWORD code = GetLastError();
-            if (code == ERROR_HANDLE_EOF) break;
-            throw systemError(code, path_);
+                      &count, nullptr)) {
+            throw systemError(GetLastError(), path_);
         }
         if (count == 0) break;
         done += count;
+        position_ += count;
     }
     return done;
 }
 
 void RawFile::write(uint64_t offset, std::span<const uint8_t> bytes) {
+    moveTo(offset);
     size_t done = 0;
     while (done < bytes.size()) {
-        OVERLAPPED position = at(offset + done);
         DWORD count = 0;
         if (!WriteFile(handle_.get(), bytes.data() + done, transferLength(bytes.size() - done),
-                       &count, &position)) {
+                       &count, nullptr)) {
             throw systemError(GetLastError(), path_);
         }
         if (count == 0) throw systemError(ERROR_WRITE_FAULT, path_);
         done += count;
+        position_ += count;
     }
 }
 

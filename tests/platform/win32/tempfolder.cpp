@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <stdexcept>
 
 #include "base/text.h"
@@ -90,12 +89,18 @@ bool makeLinkUnderWine(std::u16string_view link, std::u16string_view target) {
 }  // namespace
 
 TempFolder::TempFolder() {
-    static std::atomic<unsigned> count{0};
     std::array<wchar_t, MAX_PATH + 1> temp{};
     check(GetTempPathW(static_cast<DWORD>(temp.size()), temp.data()) != 0, "GetTempPathW: ");
-    path_ = fromWide(temp.data()) + u"brivantole Été 日本 " +
-            base::fromUtf8(std::to_string(GetCurrentProcessId()) + "-" + std::to_string(count++));
-    createFolder(path_);
+    // A number may be taken: by another test program, or by a folder that could not be removed.
+    for (int number = 0; path_.empty(); ++number) {
+        const std::u16string path = fromWide(temp.data()) + u"brivantole Été 日本 " +
+                                    base::fromUtf8(std::to_string(number));
+        if (CreateDirectoryW(extendedPath(path).c_str(), nullptr)) {
+            path_ = path;
+        } else {
+            check(GetLastError() == ERROR_ALREADY_EXISTS, "CreateDirectoryW: ");
+        }
+    }
 }
 
 TempFolder::~TempFolder() {
