@@ -55,6 +55,13 @@ def test_a_second_round_writes_the_same_bytes(program):
     assert program.settings.read_bytes() == first
 
 
+def test_the_menus_have_their_captions(program):
+    main = program.open()
+    captions = [item["caption"].split("\t")[0] for menu in main.menu() for item in menu["items"]]
+    assert "&Nouveau CD Musical" in captions
+    assert "&Actualiser l'affichage" in captions
+
+
 def test_the_quit_entry_ends_the_program(program):
     main = program.open()
     main.choose("Fichier", "Quitter")

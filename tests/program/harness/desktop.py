@@ -123,7 +123,13 @@ class Desktop:
         self.xdo("key", "--delay", 15, *names)
 
     def type(self, text):
-        self.xdo("type", "--delay", 15, "--", text)
+        """Types plain letters; what needs keys that this keyboard lacks comes from the clipboard."""
+        if text.isascii():
+            self.xdo("type", "--delay", 15, "--", text)
+        else:
+            subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True,
+                           env=self.environment, stdout=subprocess.DEVNULL)
+            self.keys("ctrl+v")
 
     def tidy(self):
         """Lets go of whatever a failed test may have left pressed, and parks the pointer."""
@@ -131,6 +137,12 @@ class Desktop:
                  "mousemove", 1, 990)
 
     # What a person sees.
+
+    def active_title(self):
+        """The caption of the window that gets the keys; None when there is no such window."""
+        run = subprocess.run(["xdotool", "getactivewindow", "getwindowname"], check=False,
+                             env=self.environment, capture_output=True, text=True)
+        return run.stdout.rstrip("\n") if run.returncode == 0 else None
 
     def screenshot(self, path):
         path.parent.mkdir(parents=True, exist_ok=True)

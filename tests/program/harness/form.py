@@ -9,8 +9,8 @@ def centre(rect):
 
 
 def plain(caption):
-    """A caption without its mnemonic and its shortcut."""
-    return caption.replace("&", "").split("\t")[0]
+    """A caption without its mnemonic, its shortcut and the dots that promise a dialog."""
+    return caption.replace("&", "").split("\t")[0].removesuffix("...")
 
 
 class Window:

@@ -37,8 +37,7 @@ def _prepare_scan(name, replaces):
         if replaces:
             main.desktop.keys("Return")
             question = main.program.message()
-            assert question.buttons() == ["Oui", "Non"]
-            main.desktop.keys("Left")
+            assert question.buttons() == ["Oui", "Non"]  # Return means Oui
     return prepare
 
 
@@ -47,7 +46,6 @@ def _prepare_deletion(name):
         choose_cd(main, name)
         main.choose("Fichier", "Supprimer")
         main.program.message()
-        main.desktop.keys("Left")
     return prepare
 
 

@@ -69,7 +69,7 @@ class Program:
 
     def form(self, name):
         """The form of that name, once it is shown."""
-        return wait_for(lambda: self.form_or_none(name) or self._must_live(), f"the window {name}")
+        return self._ready(lambda: self.form_or_none(name), f"the window {name}")
 
     def wait_gone(self, name):
         """Waits until no form of that name is shown."""
@@ -83,7 +83,13 @@ class Program:
 
     def message(self):
         """The message box or common dialog on top, once there is one."""
-        return wait_for(lambda: self.message_or_none() or self._must_live(), "a message box")
+        return self._ready(self.message_or_none, "a message box")
+
+    def _ready(self, find, what):
+        """A window once it is shown and gets the keys that are typed."""
+        window = wait_for(lambda: find() or self._must_live(), what)
+        wait_for(lambda: self.desktop.active_title() == window.title, f"{what} to get the keys")
+        return window
 
     def _must_live(self):
         if self.process.poll() is not None:
