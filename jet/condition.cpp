@@ -42,6 +42,25 @@ CompareOperator opposite(CompareOperator comparison) {
     return comparison;
 }
 
+// Whether `a comparison b` holds when comparing a with b gave `difference` (as its sign).
+bool holds(CompareOperator comparison, int difference) {
+    switch (comparison) {
+        case CompareOperator::Equal:
+            return difference == 0;
+        case CompareOperator::NotEqual:
+            return difference != 0;
+        case CompareOperator::Less:
+            return difference < 0;
+        case CompareOperator::LessOrEqual:
+            return difference <= 0;
+        case CompareOperator::Greater:
+            return difference > 0;
+        case CompareOperator::GreaterOrEqual:
+            return difference >= 0;
+    }
+    return false;
+}
+
 class Binder {
   public:
     Binder(const TableDefinition& definition, const TextOrder& order)
@@ -144,20 +163,36 @@ const Column& bindColumn(const ColumnName& name, const TableDefinition& definiti
                 placeOf(name));
 }
 
-bool holds(CompareOperator comparison, int difference) {
-    switch (comparison) {
-        case CompareOperator::Equal:
-            return difference == 0;
-        case CompareOperator::NotEqual:
-            return difference != 0;
-        case CompareOperator::Less:
-            return difference < 0;
-        case CompareOperator::LessOrEqual:
-            return difference <= 0;
-        case CompareOperator::Greater:
-            return difference > 0;
-        case CompareOperator::GreaterOrEqual:
-            return difference >= 0;
+bool passesNull(const ColumnTest& test) {
+    return test.kind == ColumnTest::Kind::Null && !test.negated;
+}
+
+bool passesText(const ColumnTest& test, std::u16string_view text, const TextOrder& order) {
+    switch (test.kind) {
+        case ColumnTest::Kind::Text:
+            return holds(test.comparison, order.compare(text, test.text));
+        case ColumnTest::Kind::Like:
+            return test.pattern->matches(text) != test.negated;
+        case ColumnTest::Kind::Null:
+            return test.negated;
+        case ColumnTest::Kind::Number:
+        case ColumnTest::Kind::Never:
+            break;
+    }
+    return false;
+}
+
+bool passesNumber(const ColumnTest& test, double number) {
+    switch (test.kind) {
+        case ColumnTest::Kind::Number:
+            return holds(test.comparison, number < test.number ? -1 : number > test.number);
+        case ColumnTest::Kind::Like:
+            return test.pattern->matches(base::plainNumber(number)) != test.negated;
+        case ColumnTest::Kind::Null:
+            return test.negated;
+        case ColumnTest::Kind::Text:
+        case ColumnTest::Kind::Never:
+            break;
     }
     return false;
 }

@@ -7,6 +7,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "jet/like.h"
@@ -52,10 +53,12 @@ Condition bindCondition(const Expression& expression, const TableDefinition& def
 // The column of that name; ParameterExpected with the place in the query otherwise.
 const Column& bindColumn(const ColumnName& name, const TableDefinition& definition);
 
-// Whether `a comparison b` holds when comparing a with b gave `difference` (as its sign).
-bool holds(CompareOperator comparison, int difference);
+// Whether the test is true for a value of its column; each kind of column has its own.
+bool passesNull(const ColumnTest& test);
+bool passesText(const ColumnTest& test, std::u16string_view text, const TextOrder& order);
+bool passesNumber(const ColumnTest& test, double number);
 
-// The value of a column as numbers are compared: Boolean columns as -1 and 0.
+// Number columns, and Boolean columns as -1 and 0.
 bool isComparedAsNumber(const Column& column);
 
 }  // namespace jet

@@ -5,7 +5,6 @@
 #include <unordered_set>
 
 #include "base/error.h"
-#include "base/number.h"
 
 namespace jet {
 namespace {
@@ -98,33 +97,16 @@ bool RowTester::matches(RowView row, const Condition& condition) {
 }
 
 bool RowTester::passes(RowView row, const ColumnTest& test) {
-    double number = 0;
-    switch (test.kind) {
-        case ColumnTest::Kind::Text:
-            return reader_.text(row, *test.column, text_) &&
-                   holds(test.comparison, reader_.order().compare(text_, test.text));
-        case ColumnTest::Kind::Number:
-            if (!reader_.number(row, *test.column, number)) return false;
-            return holds(test.comparison, number < test.number ? -1 : number > test.number);
-        case ColumnTest::Kind::Like:
-            return like(row, test);
-        case ColumnTest::Kind::Null:
-            return reader_.isNull(row, *test.column) != test.negated;
-        case ColumnTest::Kind::Never:
-            break;
-    }
-    return false;
-}
-
-bool RowTester::like(RowView row, const ColumnTest& test) {
     if (test.column->isText()) {
-        if (!reader_.text(row, *test.column, text_)) return false;
-    } else {
-        double number = 0;
-        if (!reader_.number(row, *test.column, number)) return false;
-        text_ = base::plainNumber(number);
+        if (!reader_.text(row, *test.column, text_)) return passesNull(test);
+        return passesText(test, text_, reader_.order());
     }
-    return test.pattern->matches(text_) != test.negated;
+    if (isComparedAsNumber(*test.column)) {
+        double number = 0;
+        if (!reader_.number(row, *test.column, number)) return passesNull(test);
+        return passesNumber(test, number);
+    }
+    return test.kind == ColumnTest::Kind::Null && reader_.isNull(row, *test.column) != test.negated;
 }
 
 std::vector<RowId> rowsFromPages(const Query& query, const Table& table,

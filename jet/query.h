@@ -38,11 +38,10 @@ class RowTester {
     RowTester(const Table& table, const TextOrder& textOrder, const Condition& condition)
         : reader_(table, textOrder), condition_(condition) {}
     bool matches(RowView row) { return matches(row, condition_); }
+    bool passes(RowView row, const ColumnTest& test);
 
   private:
     bool matches(RowView row, const Condition& condition);
-    bool passes(RowView row, const ColumnTest& test);
-    bool like(RowView row, const ColumnTest& test);
 
     ColumnReader reader_;
     const Condition& condition_;

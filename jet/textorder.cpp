@@ -224,7 +224,8 @@ void TextOrder::addSmallAndUnknown() {
 void TextOrder::addFolding() {
     const auto lowest = [this](char16_t character, const CharacterWeight& weight) {
         const auto same = std::ranges::find(weights_, weight);
-        return same == weights_.end() ? character : static_cast<char16_t>(same - weights_.begin());
+        if (same == weights_.end() || character == u' ') return character;
+        return static_cast<char16_t>(same - weights_.begin());
     };
     for (char16_t c = 0; c < kTableSize; ++c)
         folded_[c] = lowest(c, weights_[c]);

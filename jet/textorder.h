@@ -49,12 +49,14 @@ class TextOrder {
     uint64_t hash(std::u16string_view text) const;
 
     // One character for all those that the order cannot tell apart, so that two characters match
-    // exactly when their folded forms are the same.
+    // exactly when their folded forms are the same. A space stays apart from all others, as it is
+    // the only one that does not count at the end of a text; so folding a text does not change how
+    // it compares.
     char16_t fold(char16_t character) const {
         return character < kTableSize ? folded_[character] : foldOther(character);
     }
 
-    // Order of two single characters (as fold(): 0 exactly when they match).
+    // Order of two single characters; 0 for characters of the same weight.
     int compareCharacters(char16_t a, char16_t b) const;
 
     // The weight of `character`, for the walks over a text's key.
