@@ -37,6 +37,14 @@ void decodeCompressed(const uint8_t* bytes, size_t length, std::u16string& out) 
     }
 }
 
+// Without a way out on the first misfit, so that the loop can take many characters at a time.
+bool isCompressible(std::u16string_view text) {
+    uint32_t outside = 0;
+    for (const char16_t c : text)
+        outside |= static_cast<uint32_t>(c == 0) | (c & 0xFF00u);
+    return outside == 0;
+}
+
 }  // namespace
 
 RawText rawJet4Text(const uint8_t* bytes, size_t length) {
@@ -67,20 +75,17 @@ void decodeText(const RawText& raw, std::u16string& out) {
 void encodeJet4Text(std::u16string_view text, Compression compression, std::vector<uint8_t>& out) {
     while (!text.empty() && text.front() == kMarkCharacter)
         text.remove_prefix(1);
-    const bool compress =
-        compression == Compression::WhenSmaller && text.size() >= kShortestCompressed &&
-        std::all_of(text.begin(), text.end(), [](char16_t c) { return c != 0 && c <= 0xFF; });
-    if (!compress) {
+    if (compression == Compression::Never || text.size() < kShortestCompressed ||
+        !isCompressible(text)) {
         out.resize(text.size() * 2);
         if (!text.empty()) std::memcpy(out.data(), text.data(), out.size());
         return;
     }
-    out.clear();
-    out.reserve(text.size() + 2);
-    out.push_back(kMarkLow);
-    out.push_back(kMarkHigh);
-    for (const char16_t c : text)
-        out.push_back(static_cast<uint8_t>(c));
+    out.resize(text.size() + 2);
+    out[0] = kMarkLow;
+    out[1] = kMarkHigh;
+    std::transform(text.begin(), text.end(), out.begin() + 2,
+                   [](char16_t c) { return static_cast<uint8_t>(c); });
 }
 
 }  // namespace jet

@@ -1,0 +1,186 @@
+// Every single write, flush, resize, creation and removal goes wrong once: whatever happens, the
+// next opening finds exactly the state before the transaction or exactly the state after it.
+#include <functional>
+
+#include "jet/journal.h"
+#include "tests/jet/filecheck.h"
+#include "tests/jet/storefixture.h"
+
+namespace jet {
+
+namespace {
+
+using fakes::Fault;
+using fakes::FaultyFileStore;
+using fakes::FileBytes;
+
+constexpr StoreOptions kSmallSpill{.spillBytes = 24576};
+
+struct Scenario {
+    const char* name;
+    std::function<void(Table&)> change;  // inside a transaction, on 40 rows
+};
+
+void removeWhere(Table& table, const std::function<bool(size_t)>& chosen) {
+    const std::vector<RowId> rows = rowIds(table);
+    for (size_t i = 0; i < rows.size(); ++i)
+        if (chosen(i)) table.remove(rows[i]);
+}
+
+void appendAll(Table& table, int first, int count) {
+    for (const Row& row : makeRows(first, count))
+        table.append(row);
+}
+
+const Scenario kScenarios[] = {
+    {"Add", [](Table& table) { appendAll(table, 100, 35); }},
+    {"Replace",
+     [](Table& table) {
+         removeWhere(table, [](size_t) { return true; });
+         appendAll(table, 0, 35);
+     }},
+    {"RemoveAll", [](Table& table) { removeWhere(table, [](size_t) { return true; }); }},
+    {"RemoveSome", [](Table& table) { removeWhere(table, [](size_t i) { return i % 4 != 1; }); }},
+    {"AddAndRemoveInTurns",
+     [](Table& table) {
+         for (int round = 0; round < 5; ++round) {
+             removeWhere(table, [round](size_t i) { return i % 9 == static_cast<size_t>(round); });
+             appendAll(table, 200 + 10 * round, 10);
+         }
+     }},
+};
+
+class FaultInjectionTest : public testing::TestWithParam<Scenario> {
+  protected:
+    // A file with freed pages inside, so that new pages come from there as well as from the end.
+    void SetUp() override {
+        FaultyFileStore files;
+        files.put(kPath, shippedFile());
+        {
+            const auto store = Store::open(files, kPath);
+            appendRows(*store, makeRows(500, 30));
+            appendRows(*store, makeRows(0, 40));
+            std::vector<RowId> first = rowIds(store->table(kTable));
+            first.resize(30);
+            removeRows(*store, first);
+        }
+        before_ = files.get(kPath);
+        beforeRows_ = contentsOf(files);
+        ASSERT_EQ(beforeRows_.size(), 40u);
+        operations_ = 0;
+        run(files);
+        operations_ = files.operations();
+        afterRows_ = contentsOf(files);
+        ASSERT_NE(afterRows_, beforeRows_);
+        ASSERT_GT(operations_, 10u);
+    }
+
+    // Opens the file, changes it; gives whether the commit came back without an error.
+    bool run(FaultyFileStore& files, uint64_t failingOperation = ~uint64_t{0},
+             Fault fault = Fault::None) const {
+        std::unique_ptr<Store> store = Store::open(files, kPath, kSmallSpill);
+        files.failAt(failingOperation, fault);
+        try {
+            store->begin();
+            GetParam().change(store->table(kTable));
+            store->commit();
+            return true;
+        } catch (const base::Error&) {
+            return false;
+        }
+    }
+
+    // Opens what a crash left; it must hold the old rows, or the new ones.
+    void expectOldOrNew(FaultyFileStore& files, bool committed, uint64_t operation) const {
+        SCOPED_TRACE(testing::Message() << "operation " << operation);
+        const std::vector<std::string> rows = contentsOf(files);
+        EXPECT_EQ(rows, committed || rows != beforeRows_ ? afterRows_ : beforeRows_);
+        EXPECT_THAT(checkFile(files.get(kPath), "ListDonnees"), testing::IsEmpty());
+        EXPECT_FALSE(files.exists(journalPath(kPath)));
+    }
+
+    FileBytes before_;
+    std::vector<std::string> beforeRows_;
+    std::vector<std::string> afterRows_;
+    uint64_t operations_ = 0;
+};
+
+TEST_P(FaultInjectionTest, AKilledProcessLeavesTheOldStateOrTheNew) {
+    for (uint64_t operation = 0; operation < operations_; ++operation) {
+        FaultyFileStore files;
+        files.put(kPath, before_);
+        const bool committed = run(files, operation, Fault::Cut);
+        expectOldOrNew(*files.afterCrash({}), committed, operation);
+    }
+}
+
+TEST_P(FaultInjectionTest, APowerCutThatLosesOrTearsUnflushedWritesDoesSo) {
+    for (uint64_t operation = 0; operation < operations_; ++operation) {
+        FaultyFileStore files;
+        files.put(kPath, before_);
+        const bool committed = run(files, operation, Fault::Cut);
+        for (uint32_t seed = 0; seed < 3; ++seed)
+            expectOldOrNew(*files.afterCrash(seed), committed, operation);
+    }
+}
+
+TEST_P(FaultInjectionTest, AnOperationThatFailsOnceRollsBackAndTheStoreGoesOn) {
+    for (const Fault fault : {Fault::Fail, Fault::FailHalfDone}) {
+        for (uint64_t operation = 0; operation < operations_; ++operation) {
+            SCOPED_TRACE(testing::Message() << "operation " << operation);
+            FaultyFileStore files;
+            files.put(kPath, before_);
+            {
+                const auto store = Store::open(files, kPath, kSmallSpill);
+                files.failAt(operation, fault);
+                bool committed = false;
+                try {
+                    store->begin();
+                    GetParam().change(store->table(kTable));
+                    store->commit();
+                    committed = true;
+                } catch (const base::Error&) {
+                    store->rollback();
+                }
+                EXPECT_EQ(contents(store->table(kTable)), committed ? afterRows_ : beforeRows_);
+                if (!committed) {
+                    store->begin();
+                    GetParam().change(store->table(kTable));
+                    store->commit();
+                }
+                EXPECT_EQ(contents(store->table(kTable)), afterRows_);
+            }
+            expectOldOrNew(files, true, operation);
+        }
+    }
+}
+
+TEST_P(FaultInjectionTest, MendingMayItselfBeCutShort) {
+    for (uint64_t operation = 0; operation < operations_; operation += 3) {
+        FaultyFileStore files;
+        files.put(kPath, before_);
+        run(files, operation, Fault::Cut);
+        const auto crashed = files.afterCrash({});
+        for (uint64_t mending = 0;; ++mending) {
+            const auto again = crashed->afterCrash({});
+            again->failAt(mending, Fault::Cut);
+            try {
+                Store::open(*again, kPath);
+                expectOldOrNew(*again, false, operation);
+                break;
+            } catch (const base::Error&) {
+                expectOldOrNew(*again->afterCrash(static_cast<uint32_t>(mending)), false,
+                               operation);
+            }
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(All, FaultInjectionTest, testing::ValuesIn(kScenarios),
+                         [](const testing::TestParamInfo<Scenario>& scenario) {
+                             return scenario.param.name;
+                         });
+
+}  // namespace
+
+}  // namespace jet
