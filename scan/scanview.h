@@ -19,7 +19,7 @@ class ScanView : public WalkView {
   public:
     // Makes `caption` the waiting label's text and repaints it at once.
     virtual void setWaitingCaption(std::u16string_view caption) = 0;
-    // How much of the analysis is done, for views that draw it, too.
+    // How much of the analysis is done, for views that draw it, too: the number in the caption.
     virtual void setPercentage(int /*percent*/) {}
 };
 

@@ -18,9 +18,12 @@ class RecordingScanView : public scan::ScanView {
     }
     void setWaitingCaption(std::u16string_view caption) override { captions.emplace_back(caption); }
 
+    void setPercentage(int percent) override { percentages.push_back(percent); }
+
     int waitingShown = 0;
     int timesKeptAlive = 0;
     std::vector<std::u16string> captions;
+    std::vector<int> percentages;
     std::function<void()> whileAlive;  // what happens meanwhile
 };
 
