@@ -1,0 +1,263 @@
+#include "bench/engine/race.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <stdexcept>
+
+#include "bench/engine/measure.h"
+#include "bench/engine/sqlitecontender.h"
+
+namespace bench {
+namespace {
+
+// Each task is repeated up to kMostRounds times, but no more than kFewestRounds once it has taken
+// kPatience seconds in all.
+constexpr size_t kFewestRounds = 5;
+constexpr size_t kMostRounds = 21;
+constexpr double kPatience = 10;
+
+constexpr size_t kLookUps = 10'000;
+// Without an index each look-up reads the whole table: fewer must do.
+constexpr size_t kSlowLookUps = 20;
+
+void require(bool condition, const std::string& what) {
+    if (!condition) throw std::runtime_error("different answers: " + what);
+}
+
+std::vector<int64_t> sorted(std::vector<int64_t> values) {
+    std::sort(values.begin(), values.end());
+    return values;
+}
+
+void transact(Contender& contender, const std::function<void()>& changes) {
+    contender.begin();
+    changes();
+    contender.commit();
+}
+
+std::vector<LookUp> lookUpsIn(size_t cds, size_t count, bool withSize) {
+    std::vector<LookUp> lookUps;
+    for (size_t i = 0; lookUps.size() < count; ++i) {
+        const std::vector<Row> rows = rowsOfCd(i * 7 % cds);
+        for (size_t row = i % 5; row < rows.size() && lookUps.size() < count; row += 5) {
+            const bool known = lookUps.size() % 2 == 0;
+            lookUps.push_back({.type = rows[row].type,
+                               .title = rows[row].nom + (known ? "" : " absent"),
+                               .size = rows[row].taille,
+                               .withSize = withSize});
+        }
+    }
+    return lookUps;
+}
+
+}  // namespace
+
+Race::Race(const std::string& folder, const std::string& empty, size_t cds)
+    : cds_(cds), ours_(std::make_unique<JetContender>(folder, empty)) {
+    for (const Indexing indexing : {Indexing::None, Indexing::Columns, Indexing::Search})
+        others_.push_back(std::make_unique<SqliteContender>(folder, indexing));
+}
+
+void Race::race(const std::string& task, size_t rounds, const Task& work) {
+    std::vector<Contender*> contenders = {ours_.get()};
+    for (const auto& other : others_)
+        contenders.push_back(other.get());
+    std::vector<Times> times(contenders.size());
+    double total = 0;
+    for (size_t round = 0; round < rounds && (round < kFewestRounds || total < kPatience);
+         ++round) {
+        for (size_t i = 0; i < contenders.size(); ++i) {
+            const double seconds = work(*contenders[i]);
+            times[i].seconds.push_back(seconds);
+            total += seconds;
+        }
+    }
+    const double ours = times[0].median();
+    std::printf("%-44s %10.3f ms ±%3.0f%%", task.c_str(), ours * 1e3, times[0].spread() * 100);
+    for (size_t i = 1; i < times.size(); ++i)
+        std::printf("  %9.2f ±%3.0f%%", times[i].median() / ours, times[i].spread() * 100);
+    std::printf("\n");
+    std::fflush(stdout);
+}
+
+double Race::fill(Contender& contender) const {
+    contender.create();
+    double seconds = timed([&] { contender.begin(); });
+    for (size_t cd = 0; cd < cds_; ++cd) {
+        const std::vector<Row> rows = rowsOfCd(cd);
+        seconds += timed([&] { contender.append(rows); });
+    }
+    seconds += timed([&] { contender.commit(); });
+    contender.settle();
+    return seconds;
+}
+
+void Race::reopen(Contender& contender) const {
+    contender.close();
+    contender.openToCdList();
+}
+
+void Race::run() {
+    std::printf("%zu rows on %zu CDs\n", cds_ * kRowsOfCd, cds_);
+    std::printf("%-44s %19s", "", ours_->name().c_str());
+    for (const auto& other : others_)
+        std::printf("  %15s", other->name().c_str());
+    std::printf("\n");
+
+    raceFilling();
+    compareCdNames();
+    raceOpening();
+    raceFirstListing("all CDs by name, first after opening", {});
+    raceListing("all CDs by name", {});
+    raceListing("all CDs by path", {.order = Order::Path});
+    raceListing("all CDs by size", {.order = Order::Size});
+    raceListing("one CD by name", {.cd = cdName(cds_ / 2)});
+    raceFirstListing("search for a frequent word, first", {.search = "amour"});
+    raceListing("search for a frequent word", {.search = "amour"});
+    raceListing("search for a rare text", {.search = "volzipri"});
+    raceListing("search for two letters", {.search = "zi"});
+    raceListing("search for what is nowhere", {.search = "xqxq"});
+    raceLookUps("10,000 look-ups by type and title", false);
+    raceLookUps("10,000 look-ups by type, title and size", true);
+    raceChanges();
+    reportMemory();
+}
+
+void Race::raceFilling() {
+    constexpr size_t kManyCds = 1000;
+    race("append all rows, durably", cds_ < kManyCds ? kFewestRounds : 1,
+         [&](Contender& contender) { return fill(contender); });
+}
+
+void Race::raceOpening() {
+    race("open, up to the list of CDs", kMostRounds, [&](Contender& contender) {
+        contender.close();
+        return timed([&] { contender.openToCdList(); });
+    });
+}
+
+void Race::raceListing(const std::string& task, const Listing& listing) {
+    compareAnswers(listing);
+    race(task, kMostRounds, [&](Contender& contender) {
+        std::vector<std::string> screen;
+        return timed([&] { contender.list(listing, screen); });
+    });
+}
+
+void Race::raceFirstListing(const std::string& task, const Listing& listing) {
+    race(task, kMostRounds, [&](Contender& contender) {
+        reopen(contender);
+        std::vector<std::string> screen;
+        return timed([&] { contender.list(listing, screen); });
+    });
+}
+
+void Race::raceChanges() {
+    // A CD more than there are, so that deleting it restores the collection.
+    const std::vector<Row> rows = rowsOfCd(cds_);
+    const std::string name = cdName(cds_);
+    const Listing everything;
+    std::vector<std::string> screen;
+    const auto add = [&](Contender& contender) {
+        return timed([&] { transact(contender, [&] { contender.append(rows); }); });
+    };
+    const auto remove = [&](Contender& contender) {
+        return timed([&] { transact(contender, [&] { contender.deleteCd(name); }); });
+    };
+    race("add a CD of 500 rows, durably", kMostRounds, [&](Contender& contender) {
+        const double seconds = add(contender);
+        remove(contender);
+        return seconds;
+    });
+    race("delete it, durably", kMostRounds, [&](Contender& contender) {
+        add(contender);
+        return remove(contender);
+    });
+    race("replace it, durably", kMostRounds, [&](Contender& contender) {
+        add(contender);
+        const double seconds = timed([&] {
+            transact(contender, [&] {
+                contender.deleteCd(name);
+                contender.append(rows);
+            });
+        });
+        remove(contender);
+        return seconds;
+    });
+    race("all CDs by name, after adding a CD", kMostRounds, [&](Contender& contender) {
+        contender.list(everything, screen);
+        add(contender);
+        const double seconds = timed([&] { contender.list(everything, screen); });
+        remove(contender);
+        return seconds;
+    });
+    compareAnswers(everything);
+}
+
+void Race::raceLookUps(const std::string& task, bool withSize) {
+    const std::vector<LookUp> lookUps = lookUpsIn(cds_, kLookUps, withSize);
+    const std::span<const LookUp> few(lookUps.data(), kSlowLookUps);
+    const Contender* const slow = others_.front().get();
+    const size_t known = ours_->lookUp(lookUps);
+    require(known == kLookUps / 2, task);
+    race(task + ", first", kFewestRounds, [&](Contender& contender) {
+        reopen(contender);
+        const std::span<const LookUp> part = &contender == slow ? few : lookUps;
+        size_t found = 0;
+        const double seconds = timed([&] { found = contender.lookUp(part); });
+        require(found == part.size() / 2, task);
+        return seconds * static_cast<double>(kLookUps) / static_cast<double>(part.size());
+    });
+}
+
+void Race::reportMemory() {
+    const auto show = [&](Contender& contender) {
+        std::vector<std::string> screen;
+        contender.close();
+        const size_t before = allocatedBytes();
+        contender.openToCdList();
+        const auto perRow = [&] {
+            return static_cast<double>(allocatedBytes() - before) /
+                   static_cast<double>(cds_ * kRowsOfCd);
+        };
+        contender.list({}, screen);
+        std::printf("  %-12s %6.1f bytes a row with all CDs listed", contender.name().c_str(),
+                    perRow());
+        contender.list({.search = "amour"}, screen);
+        std::printf(", %6.1f after a search\n", perRow());
+        contender.close();
+    };
+    std::printf("memory, mapped files apart\n");
+    show(*ours_);
+    for (const auto& other : others_)
+        show(*other);
+}
+
+void Race::compareAnswers(const Listing& listing) {
+    std::vector<std::string> screen;
+    const size_t count = ours_->list(listing, screen);
+    require(ours_->listedInOrder(listing.order), "order");
+    const std::vector<int64_t> answer = ours_->listedSizes();
+    require(answer.size() == count, "count");
+    for (const auto& other : others_) {
+        require(other->list(listing, screen) == count, other->name());
+        const std::vector<int64_t> sizes = other->listedSizes();
+        if (listing.order == Order::Size) require(sizes == answer, other->name());
+        require(sorted(sizes) == sorted(answer), other->name());
+    }
+}
+
+void Race::compareCdNames() {
+    const auto names = [](Contender& contender) {
+        contender.close();
+        std::vector<std::string> found = contender.openToCdList();
+        std::sort(found.begin(), found.end());
+        return found;
+    };
+    const std::vector<std::string> ours = names(*ours_);
+    require(ours.size() == cds_, "number of CDs");
+    for (const auto& other : others_)
+        require(names(*other) == ours, "CDs");
+}
+
+}  // namespace bench
