@@ -12,8 +12,9 @@ using base::ErrorNumber;
 
 }  // namespace
 
-std::unique_ptr<Database> Database::OpenDatabase(FileStore& files, std::u16string_view path) {
-    auto session = std::make_shared<Session>(Store::open(files, path));
+std::unique_ptr<Database> Database::OpenDatabase(FileStore& files, std::u16string_view path,
+                                                 const CacheLimits& limits) {
+    auto session = std::make_shared<Session>(Store::open(files, path), limits);
     return std::unique_ptr<Database>(new Database(std::move(session)));
 }
 

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 
+#include "jet/cachelimits.h"
 #include "jet/file.h"
 #include "jet/recordset.h"
 
@@ -16,8 +17,9 @@ class Database {
   public:
     // Opens `path` shared with readers. `files` must live as long as the database and its
     // recordsets. Throws base::Error: the file is missing, in use, no Access database, or of a
-    // kind that cannot be written safely.
-    static std::unique_ptr<Database> OpenDatabase(FileStore& files, std::u16string_view path);
+    // kind that cannot be written safely. `limits`: how much memory may make queries faster.
+    static std::unique_ptr<Database> OpenDatabase(FileStore& files, std::u16string_view path,
+                                                  const CacheLimits& limits = {});
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;

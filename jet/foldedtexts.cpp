@@ -27,6 +27,13 @@ unsigned encode(char16_t character, uint8_t (&bytes)[3]) {
     return 3;
 }
 
+// Doubling, as a vector does by itself, would waste too much here.
+template <typename Item>
+void growFor(std::vector<Item>& items, size_t more) {
+    const size_t needed = items.size() + more;
+    if (needed > items.capacity()) items.reserve(needed + items.size() / 8);
+}
+
 }  // namespace
 
 TextFolder::TextFolder(const TextOrder& order) : order_(&order), latin1_(), codePage_() {
@@ -74,24 +81,14 @@ void TextFolder::fold(std::u16string_view text, std::vector<uint8_t>& out) const
 
 void TextFolder::decode(std::span<const uint8_t> folded, std::u16string& out) {
     out.clear();
-    for (size_t at = 0; at < folded.size();) {
-        const unsigned lead = folded[at];
-        if (lead < 0x80) {
-            out.push_back(static_cast<char16_t>(lead));
-            at += 1;
-        } else if (lead < 0xE0) {
-            out.push_back(static_cast<char16_t>((lead & 0x1F) << 6 | (folded[at + 1] & 0x3Fu)));
-            at += 2;
-        } else {
-            out.push_back(static_cast<char16_t>((lead & 0xF) << 12 | (folded[at + 1] & 0x3Fu) << 6 |
-                                                (folded[at + 2] & 0x3Fu)));
-            at += 3;
-        }
-    }
+    for (size_t at = 0; at < folded.size();)
+        out.push_back(decodeOne(folded, at));
 }
 
 bool FoldedTexts::append(std::span<const uint8_t> folded) {
     if (folded.size() >= std::numeric_limits<uint32_t>::max() - buffer_.size()) return false;
+    growFor(buffer_, folded.size() + 1);
+    growFor(ends_, 1);
     buffer_.insert(buffer_.end(), folded.begin(), folded.end());
     ends_.push_back(static_cast<uint32_t>(buffer_.size()));
     buffer_.push_back(kEnd);

@@ -27,6 +27,15 @@ class TextFolder {
     void fold(const RawText& text, std::vector<uint8_t>& out);
     void fold(std::u16string_view text, std::vector<uint8_t>& out) const;
 
+    // The character that begins at folded[at]; moves `at` past it.
+    static char16_t decodeOne(std::span<const uint8_t> folded, size_t& at) {
+        const unsigned lead = folded[at++];
+        if (lead < 0x80) return static_cast<char16_t>(lead);
+        const unsigned second = folded[at++] & 0x3Fu;
+        if (lead < 0xE0) return static_cast<char16_t>((lead & 0x1F) << 6 | second);
+        const unsigned third = folded[at++] & 0x3Fu;
+        return static_cast<char16_t>((lead & 0xF) << 12 | second << 6 | third);
+    }
     // Replaces `out` by the folded characters.
     static void decode(std::span<const uint8_t> folded, std::u16string& out);
 

@@ -112,10 +112,9 @@ bool RowTester::passes(RowView row, const ColumnTest& test) {
 std::vector<RowId> rowsFromPages(const Query& query, const Table& table,
                                  const TextOrder& textOrder) {
     std::vector<RowId> rows;
-    std::optional<RowTester> tester;
-    if (query.where) tester.emplace(table, textOrder, *query.where);
+    RowTester tester(table, textOrder);
     table.forEachRow([&](RowId id, RowView row) {
-        if (!tester || tester->matches(row)) rows.push_back(id);
+        if (!query.where || tester.matches(row, *query.where)) rows.push_back(id);
     });
     if (query.distinct) keepDistinct(rows, query, table, textOrder);
     sortRows(rows, query, table, textOrder);

@@ -31,20 +31,16 @@ struct Query {
 Query bindQuery(const SelectStatement& statement, const TableDefinition& definition,
                 const TextOrder& textOrder);
 
-// Tests rows, one after the other, without allocating.
+// Tests rows, one after the other, straight from their pages.
 class RowTester {
   public:
-    // All must outlive the tester.
-    RowTester(const Table& table, const TextOrder& textOrder, const Condition& condition)
-        : reader_(table, textOrder), condition_(condition) {}
-    bool matches(RowView row) { return matches(row, condition_); }
+    // Both must outlive the tester.
+    RowTester(const Table& table, const TextOrder& textOrder) : reader_(table, textOrder) {}
+    bool matches(RowView row, const Condition& condition);
     bool passes(RowView row, const ColumnTest& test);
 
   private:
-    bool matches(RowView row, const Condition& condition);
-
     ColumnReader reader_;
-    const Condition& condition_;
     std::u16string text_;
 };
 

@@ -2,23 +2,52 @@
 
 #include "base/error.h"
 #include "jet/format.h"
+#include "jet/planner.h"
 
 namespace jet {
 
 using base::Error;
 using base::ErrorNumber;
 
-Session::Session(std::unique_ptr<Store> store)
+Session::Session(std::unique_ptr<Store> store, const CacheLimits& limits)
     : store_(std::move(store)),
-      textOrder_(store_->format().wide ? &TextOrder::general4() : &TextOrder::general3()) {}
+      textOrder_(store_->format().wide ? &TextOrder::general4() : &TextOrder::general3()),
+      limits_(limits) {}
 
 Store& Session::store() const {
     if (store_) return *store_;
     throw Error(ErrorNumber::InvalidOperation, u"La base de donn\u00E9es est ferm\u00E9e.");
 }
 
+void Session::close() {
+    caches_.clear();
+    store_.reset();
+}
+
+void Session::dropStaleCaches() {
+    if (cachedState_ == store().changeCount()) return;
+    caches_.clear();
+    cachedState_ = store().changeCount();
+}
+
+// Null when there is none, or none that is right.
+TableCache* Session::knownCache(const Table& table) {
+    dropStaleCaches();
+    const auto found = caches_.find(&table);
+    if (found == caches_.end()) return nullptr;
+    if (!found->second.isWorn()) return &found->second;
+    caches_.erase(found);
+    return nullptr;
+}
+
 std::vector<RowId> Session::rows(const Query& query, const Table& table) {
-    return rowsFromPages(query, table, textOrder());
+    TableCache* cache = knownCache(table);
+    if (!cache) {
+        if (limits_.bytesPerRow == 0 || !Planner::wantsColumns(query))
+            return rowsFromPages(query, table, textOrder());
+        cache = &caches_.try_emplace(&table, table, textOrder(), limits_).first->second;
+    }
+    return Planner(table, textOrder(), *cache).rows(query);
 }
 
 template <typename Change>
@@ -38,13 +67,19 @@ void Session::inTransaction(Change change) {
 }
 
 RowId Session::append(Table& table, std::span<const Value> values) {
+    TableCache* cache = knownCache(table);
     RowId row;
     inTransaction([&] { row = table.append(values); });
+    if (cache) cache->rowAdded(row);
+    cachedState_ = store().changeCount();
     return row;
 }
 
 void Session::remove(Table& table, RowId row) {
+    TableCache* cache = knownCache(table);
     inTransaction([&] { table.remove(row); });
+    if (cache) cache->rowRemoved(row);
+    cachedState_ = store().changeCount();
 }
 
 }  // namespace jet

@@ -2,6 +2,8 @@
 // and change it.
 #pragma once
 
+#include <cstdint>
+#include <map>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -10,17 +12,18 @@
 #include "jet/query.h"
 #include "jet/store.h"
 #include "jet/table.h"
+#include "jet/tablecache.h"
 #include "jet/textorder.h"
 
 namespace jet {
 
 class Session {
   public:
-    explicit Session(std::unique_ptr<Store> store);
+    Session(std::unique_ptr<Store> store, const CacheLimits& limits);
 
     // InvalidOperation once closed.
     Store& store() const;
-    void close() { store_.reset(); }
+    void close();
     bool isOpen() const { return store_ != nullptr; }
 
     const TextOrder& textOrder() const { return *textOrder_; }
@@ -35,9 +38,16 @@ class Session {
   private:
     template <typename Change>
     void inTransaction(Change change);
+    void dropStaleCaches();
+    TableCache* knownCache(const Table& table);
 
     std::unique_ptr<Store> store_;
     const TextOrder* textOrder_;
+    CacheLimits limits_;
+    // What is kept in memory is right for this state of the store; every change that goes through
+    // the session is told to the caches, any other makes them worthless.
+    uint64_t cachedState_ = 0;
+    std::map<const Table*, TableCache> caches_;
 };
 
 }  // namespace jet

@@ -32,7 +32,7 @@ class CatalogFixture : public testing::Test {
         std::ifstream shipped(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary);
         ASSERT_TRUE(shipped);
         files_.add(kCatalogPath, std::string(std::istreambuf_iterator<char>(shipped), {}));
-        database_ = Database::OpenDatabase(files_, kCatalogPath);
+        database_ = Database::OpenDatabase(files_, kCatalogPath, limits_);
     }
 
     void add(const Track& track) {
@@ -73,6 +73,7 @@ class CatalogFixture : public testing::Test {
         return 0;
     }
 
+    CacheLimits limits_;
     fakes::MemoryFileStore files_;
     std::unique_ptr<Database> database_;
 };

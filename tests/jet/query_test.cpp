@@ -5,23 +5,31 @@
 namespace jet {
 namespace {
 
-class QueryTest : public CatalogFixture {};
+// Every query is asked of the pages, of columns in memory, and of columns that do not fit a
+// dictionary: the answers are the same.
+class QueryTest : public CatalogFixture, public testing::WithParamInterface<CacheLimits> {
+  protected:
+    void SetUp() override {
+        limits_ = GetParam();
+        CatalogFixture::SetUp();
+    }
+};
 
-TEST_F(QueryTest, SelectsAllRowsInStoredOrder) {
+TEST_P(QueryTest, SelectsAllRowsInStoredOrder) {
     addAll({{u"b"}, {u"a"}, {u"c"}});
     EXPECT_EQ(values(u"SELECT * from Listdonnees"), "b,a,c,");
     EXPECT_EQ(values(u"ListDonnees"), "b,a,c,");
     EXPECT_EQ(values(u"LISTDONNEES"), "b,a,c,");
 }
 
-TEST_F(QueryTest, ComparesTextWithoutCaseButWithAccents) {
+TEST_P(QueryTest, ComparesTextWithoutCaseButWithAccents) {
     addAll({{u"\u00C9t\u00E9"}, {u"ete"}, {u"\u00E9t\u00E9  "}, {u"\u00E9t\u00E9s"}});
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom=\"\u00E9T\u00C9\""), "Été,été  ,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom=\"ETE\""), "ete,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom<>\"ete\""), "Été,été  ,étés,");
 }
 
-TEST_F(QueryTest, ComparesNumbers) {
+TEST_P(QueryTest, ComparesNumbers) {
     addAll({{.nom = u"a", .taille = 4096},
             {.nom = u"b", .taille = 3e9},
             {.nom = u"c", .taille = 0.5}});
@@ -34,13 +42,13 @@ TEST_F(QueryTest, ComparesNumbers) {
     EXPECT_EQ(values(u"SELECT * from Listdonnees where 4096<Taille"), "b,");
 }
 
-TEST_F(QueryTest, OrdersTextsAroundALiteral) {
+TEST_P(QueryTest, OrdersTextsAroundALiteral) {
     addAll({{u"abba"}, {u"Beatles"}, {u"\u00C9lan"}, {u"zz top"}});
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom<\"e\""), "abba,Beatles,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom>=\"elan\""), "Élan,zz top,");
 }
 
-TEST_F(QueryTest, JoinsTestsWithAndOrNot) {
+TEST_P(QueryTest, JoinsTestsWithAndOrNot) {
     addAll({{u"a", u"MP3", 1}, {u"b", u"WAV", 2}, {u"c", u"MP3", 3}, {u"d", u"MID", 4}});
     EXPECT_EQ(values(u"SELECT * FROM Listdonnees WHERE Type=\"MP3\" or Type=\"WAV\""), "a,b,c,");
     EXPECT_EQ(values(u"SELECT * FROM Listdonnees WHERE Type=\"WAV\" or Type=\"MP3\" and Taille=3"),
@@ -53,7 +61,7 @@ TEST_F(QueryTest, JoinsTestsWithAndOrNot) {
               "b,c,d,");
 }
 
-TEST_F(QueryTest, FindsPatternsInTitleOrPath) {
+TEST_P(QueryTest, FindsPatternsInTitleOrPath) {
     addAll({{.nom = u"The Wall", .fichier = u"[CD]\\01.mp3"},
             {.nom = u"Money", .fichier = u"[CD]\\wall\\02.mp3"},
             {.nom = u"Time", .fichier = u"[CD]\\03.mp3"}});
@@ -67,7 +75,7 @@ TEST_F(QueryTest, FindsPatternsInTitleOrPath) {
     EXPECT_EQ(values(u"SELECT * FROM Listdonnees WHERE Nom not like \"*m*\""), "The Wall,");
 }
 
-TEST_F(QueryTest, LikeReadsNumbersAsTheirText) {
+TEST_P(QueryTest, LikeReadsNumbersAsTheirText) {
     addAll({{.nom = u"a", .taille = 4096}, {.nom = u"b", .taille = 512}});
     EXPECT_EQ(values(u"SELECT * FROM Listdonnees WHERE Taille like \"4*\""), "a,");
 }
@@ -84,7 +92,7 @@ class NullQueryTest : public QueryTest {
     }
 };
 
-TEST_F(NullQueryTest, NullIsNeitherEqualNorUnequal) {
+TEST_P(NullQueryTest, NullIsNeitherEqualNorUnequal) {
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom=\"\"", u"Type"), "MP3,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom<>\"b\"", u"Type"), "MP3,MP3,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where not Nom=\"b\"", u"Type"), "MP3,MP3,");
@@ -95,26 +103,26 @@ TEST_F(NullQueryTest, NullIsNeitherEqualNorUnequal) {
     EXPECT_EQ(values(u"SELECT * from Listdonnees where not (Nom=null)"), "");
 }
 
-TEST_F(NullQueryTest, IsNullFindsIt) {
+TEST_P(NullQueryTest, IsNullFindsIt) {
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom is null", u"Type"), "NIL,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom is not null"), "b,,a,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Taille is null", u"Type"), "NIL,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees where not Nom is null"), "b,,a,");
 }
 
-TEST_F(NullQueryTest, NullSortsFirst) {
+TEST_P(NullQueryTest, NullSortsFirst) {
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Nom", u"Type"), "NIL,MP3,MP3,MP3,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Nom desc", u"Type"), "MP3,MP3,MP3,NIL,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Taille", u"Type"), "NIL,MP3,MP3,MP3,");
 }
 
-TEST_F(NullQueryTest, NullIsOneDistinctValue) {
+TEST_P(NullQueryTest, NullIsOneDistinctValue) {
     EXPECT_EQ(values(u"SELECT DISTINCT Compilation from Listdonnees order by Compilation",
                      u"Compilation"),
               ",CD,");
 }
 
-TEST_F(QueryTest, OrdersByTheGeneralOrder) {
+TEST_P(QueryTest, OrdersByTheGeneralOrder) {
     addAll({{u"zebra"},
             {u"\u00C9tude"},
             {u"coop"},
@@ -129,26 +137,26 @@ TEST_F(QueryTest, OrdersByTheGeneralOrder) {
               "zebra,etude 2,Étude,Etude,co-op,coop,1984,(intro),");
 }
 
-TEST_F(QueryTest, OrdersByNumbers) {
+TEST_P(QueryTest, OrdersByNumbers) {
     addAll({{u"a", u"MP3", 10}, {u"b", u"MP3", -1}, {u"c", u"MP3", 9}, {u"d", u"MP3", 0}});
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Taille"), "b,d,c,a,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Taille desc"), "a,c,d,b,");
 }
 
-TEST_F(QueryTest, EqualRowsKeepTheirOrder) {
+TEST_P(QueryTest, EqualRowsKeepTheirOrder) {
     addAll({{u"x", u"1", 1}, {u"X", u"2", 2}, {u"a", u"3", 3}, {u"x ", u"4", 4}});
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Nom", u"Type"), "3,1,2,4,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Nom desc", u"Type"), "1,2,4,3,");
 }
 
-TEST_F(QueryTest, OrdersBySeveralColumns) {
+TEST_P(QueryTest, OrdersBySeveralColumns) {
     addAll({{u"b", u"MP3", 2}, {u"a", u"WAV", 2}, {u"c", u"MP3", 1}, {u"A", u"WAV", 3}});
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Type desc, Nom, Taille desc"),
               "A,a,b,c,");
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Type, Taille"), "c,b,a,A,");
 }
 
-TEST_F(QueryTest, OrdersTextsThatShareALongBeginning) {
+TEST_P(QueryTest, OrdersTextsThatShareALongBeginning) {
     const std::u16string path = u"[CD]\\Musique\\Artistes divers\\Les meilleures chansons\\";
     addAll({{.nom = u"3", .fichier = path + u"03.mp3"},
             {.nom = u"1", .fichier = path + u"01.mp3"},
@@ -157,7 +165,7 @@ TEST_F(QueryTest, OrdersTextsThatShareALongBeginning) {
     EXPECT_EQ(values(u"SELECT * from Listdonnees order by Fichier"), "0,1,2,3,");
 }
 
-TEST_F(QueryTest, DistinctKeepsTheFirstSpelling) {
+TEST_P(QueryTest, DistinctKeepsTheFirstSpelling) {
     addAll({{.nom = u"a", .compilation = u"Rock 1"},
             {.nom = u"b", .compilation = u"ROCK 1"},
             {.nom = u"c", .compilation = u"Blues"},
@@ -176,7 +184,7 @@ TEST_F(QueryTest, DistinctKeepsTheFirstSpelling) {
         "ROCK 1,Blues,Blües,");
 }
 
-TEST_F(QueryTest, DistinctLooksAtAllItsColumns) {
+TEST_P(QueryTest, DistinctLooksAtAllItsColumns) {
     addAll({{u"a", u"MP3", 1}, {u"A", u"MP3", 1}, {u"a", u"WAV", 1}, {u"a", u"MP3", 2}});
     EXPECT_EQ(
         database_->OpenRecordset(u"SELECT DISTINCT Nom, Type from Listdonnees")->RecordCount(), 2u);
@@ -186,20 +194,20 @@ TEST_F(QueryTest, DistinctLooksAtAllItsColumns) {
     EXPECT_EQ(database_->OpenRecordset(u"SELECT DISTINCT * from Listdonnees")->RecordCount(), 3u);
 }
 
-TEST_F(QueryTest, TextsInsideOneColumnNeverRunIntoTheNext) {
+TEST_P(QueryTest, TextsInsideOneColumnNeverRunIntoTheNext) {
     addAll({{.nom = u"ab", .compilation = u"c"}, {.nom = u"a", .compilation = u"bc"}});
     EXPECT_EQ(database_->OpenRecordset(u"SELECT DISTINCT Nom, Compilation from Listdonnees")
                   ->RecordCount(),
               2u);
 }
 
-TEST_F(QueryTest, AQuotationMarkIsDoubledInALiteral) {
+TEST_P(QueryTest, AQuotationMarkIsDoubledInALiteral) {
     addAll({{u"12\" Mix"}, {u"12"}});
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom=" + base::quoted(u"12\" Mix")),
               "12\" Mix,");
 }
 
-TEST_F(QueryTest, LongTextsCountWhole) {
+TEST_P(QueryTest, LongTextsCountWhole) {
     const std::u16string common(300, u'x');
     addAll({{common + u"b"}, {common + u"a"}});
     EXPECT_EQ(
@@ -211,7 +219,7 @@ TEST_F(QueryTest, LongTextsCountWhole) {
     EXPECT_EQ(ordered->Fields(u"Nom").Text().back(), u'a');
 }
 
-TEST_F(QueryTest, ColumnNamesIgnoreCase) {
+TEST_P(QueryTest, ColumnNamesIgnoreCase) {
     addAll({{u"a"}});
     EXPECT_EQ(values(u"select NOM from LISTDONNEES where TYPE='mp3' order by taille", u"nom"),
               "a,");
@@ -220,7 +228,7 @@ TEST_F(QueryTest, ColumnNamesIgnoreCase) {
               u"");
 }
 
-TEST_F(QueryTest, UnknownNamesAndWrongTypesAreErrors) {
+TEST_P(QueryTest, UnknownNamesAndWrongTypesAreErrors) {
     const auto open = [this](std::u16string_view sql) {
         return errorOf([&] { database_->OpenRecordset(sql); });
     };
@@ -237,10 +245,18 @@ TEST_F(QueryTest, UnknownNamesAndWrongTypesAreErrors) {
     EXPECT_EQ(open(u"SELECT * from Listdonnees where Taille=null"), 0);
 }
 
-TEST_F(QueryTest, AnEmptyTableGivesAnEmptyAnswer) {
+TEST_P(QueryTest, AnEmptyTableGivesAnEmptyAnswer) {
     EXPECT_EQ(values(u"SELECT * from Listdonnees where Nom=\"x\" order by Nom"), "");
     EXPECT_TRUE(database_->OpenRecordset(u"SELECT * from Listdonnees")->Eof());
 }
+
+constexpr CacheLimits kWays[] = {
+    {.bytesPerRow = 0},
+    {.bytesPerRow = 200},
+    {.bytesPerRow = 200, .dictionaryTexts = 1},
+};
+INSTANTIATE_TEST_SUITE_P(Ways, QueryTest, testing::ValuesIn(kWays));
+INSTANTIATE_TEST_SUITE_P(Ways, NullQueryTest, testing::ValuesIn(kWays));
 
 }  // namespace
 }  // namespace jet

@@ -1,0 +1,255 @@
+#include "jet/cachedcolumn.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+#include "jet/columnreader.h"
+#include "jet/textsearch.h"
+
+namespace jet {
+namespace {
+
+using Code = TextDictionary::Code;
+
+// Looking through all texts at once pays when at least one of so many rows is asked about.
+constexpr size_t kSparse = 8;
+// Rows behind the grouped ones are looked at one by one; when there are more, groups are made anew.
+constexpr size_t kMostUngrouped = 4096;
+
+int sign(double a, double b) {
+    return a < b ? -1 : a > b;
+}
+
+// For each code, whether the test is true for its text.
+std::vector<uint8_t> passingCodes(const TextDictionary& dictionary, const ColumnTest& test,
+                                  const TextOrder& order) {
+    std::vector<uint8_t> passing(dictionary.codeCount());
+    passing[TextDictionary::kNull] = passesNull(test);
+    for (size_t code = 1; code < passing.size(); ++code)
+        passing[code] = passesText(test, dictionary.text(static_cast<Code>(code)), order);
+    return passing;
+}
+
+void group(DictionaryValues& values) {
+    const size_t codes = values.dictionary.codeCount();
+    values.starts.assign(codes + 1, 0);
+    for (size_t code = 0; code < codes; ++code)
+        values.starts[code + 1] = values.starts[code] + values.counts[code];
+    std::vector<uint32_t> places(values.starts.begin(), values.starts.end() - 1);
+    values.rowsByCode.resize(values.codes.size());
+    for (size_t row = 0; row < values.codes.size(); ++row)
+        values.rowsByCode[places[values.codes[row]]++] = static_cast<uint32_t>(row);
+    values.grouped = values.codes.size();
+}
+
+}  // namespace
+
+CachedColumn::CachedColumn(const Column& column, TextFolder& folder, size_t dictionaryLimit)
+    : column_(&column), folder_(&folder) {
+    if (column.isText())
+        values_ = DictionaryValues{TextDictionary(order(), dictionaryLimit), {}, {0}, {}, {}, 0};
+}
+
+size_t CachedColumn::count() const {
+    if (const DictionaryValues* values = dictionary()) return values->codes.size();
+    if (const TextValues* values = texts()) return values->texts.count();
+    return numbers()->size();
+}
+
+size_t CachedColumn::bytes() const {
+    if (const DictionaryValues* values = dictionary()) {
+        return values->dictionary.bytes() + values->codes.capacity() * sizeof(Code) +
+               (values->counts.capacity() + values->rowsByCode.capacity() +
+                values->starts.capacity()) *
+                   sizeof(uint32_t);
+    }
+    if (const TextValues* values = texts()) return values->texts.bytes() + values->index.bytes();
+    return numbers()->capacity() * sizeof(double);
+}
+
+void CachedColumn::expect(size_t rows) {
+    if (auto* values = std::get_if<DictionaryValues>(&values_)) values->codes.reserve(rows);
+    if (auto* values = std::get_if<TextValues>(&values_)) values->texts.reserve(rows);
+    if (auto* values = std::get_if<NumberValues>(&values_)) values->reserve(rows);
+}
+
+bool CachedColumn::append(const Table& table, RowView row) {
+    if (auto* values = std::get_if<NumberValues>(&values_)) {
+        double number = 0;
+        const bool set = ColumnReader(table, order()).number(row, *column_, number);
+        values->push_back(set ? number : std::numeric_limits<double>::quiet_NaN());
+        return true;
+    }
+    RawText raw;
+    if (!table.rawText(row, *column_, raw, scratch_)) return appendNull();
+    folded_.clear();
+    folder_->fold(raw, folded_);
+    return appendFolded(folded_);
+}
+
+bool CachedColumn::appendNull() {
+    if (auto* values = std::get_if<NumberValues>(&values_)) {
+        values->push_back(std::numeric_limits<double>::quiet_NaN());
+        return true;
+    }
+    if (auto* values = std::get_if<TextValues>(&values_)) return values->texts.appendNull();
+    auto& values = std::get<DictionaryValues>(values_);
+    values.codes.push_back(TextDictionary::kNull);
+    ++values.counts[TextDictionary::kNull];
+    return true;
+}
+
+bool CachedColumn::appendFolded(std::span<const uint8_t> folded) {
+    if (auto* values = std::get_if<DictionaryValues>(&values_)) {
+        // Neighbours are mostly alike: the tracks of one CD, the files of one type.
+        const Code last = values->codes.empty() ? TextDictionary::kNull : values->codes.back();
+        const bool same = last != TextDictionary::kNull &&
+                          std::ranges::equal(values->dictionary.folded(last), folded);
+        const std::optional<Code> code = same ? last : values->dictionary.add(folded);
+        if (code) {
+            values->codes.push_back(*code);
+            values->counts.resize(values->dictionary.codeCount());
+            ++values->counts[*code];
+            return true;
+        }
+        if (!becomeTexts()) return false;
+    }
+    return std::get<TextValues>(values_).texts.append(folded);
+}
+
+// The texts do not repeat after all.
+bool CachedColumn::becomeTexts() {
+    const auto& values = std::get<DictionaryValues>(values_);
+    const size_t expected = values.codes.capacity();
+    FoldedTexts texts;
+    for (const Code code : values.codes) {
+        const bool fits = code == TextDictionary::kNull
+                              ? texts.appendNull()
+                              : texts.append(values.dictionary.folded(code));
+        if (!fits) return false;
+    }
+    texts.reserve(expected);
+    values_ = TextValues{std::move(texts), TextIndex(order())};
+    return true;
+}
+
+int CachedColumn::compare(size_t a, size_t b) const {
+    if (const NumberValues* values = numbers()) {
+        const double x = (*values)[a];
+        const double y = (*values)[b];
+        if (std::isnan(x) || std::isnan(y))
+            return static_cast<int>(!std::isnan(x)) - static_cast<int>(!std::isnan(y));
+        return sign(x, y);
+    }
+    if (const DictionaryValues* values = dictionary()) {
+        const Code x = values->codes[a];
+        const Code y = values->codes[b];
+        if (x == y) return 0;
+        if (x == TextDictionary::kNull || y == TextDictionary::kNull)
+            return x == TextDictionary::kNull ? -1 : 1;
+        return order().compare(values->dictionary.text(x), values->dictionary.text(y));
+    }
+    const FoldedTexts& folded = texts()->texts;
+    if (folded.isNull(a) || folded.isNull(b))
+        return static_cast<int>(folded.isNull(b)) - static_cast<int>(folded.isNull(a));
+    if (std::ranges::equal(folded.text(a), folded.text(b))) return 0;
+    TextFolder::decode(folded.text(a), text_);
+    TextFolder::decode(folded.text(b), otherText_);
+    return order().compare(text_, otherText_);
+}
+
+bool CachedColumn::passes(const ColumnTest& test, size_t row) const {
+    if (const NumberValues* values = numbers()) {
+        const double number = (*values)[row];
+        return std::isnan(number) ? passesNull(test) : passesNumber(test, number);
+    }
+    if (const DictionaryValues* values = dictionary()) {
+        const Code code = values->codes[row];
+        if (code == TextDictionary::kNull) return passesNull(test);
+        return passesText(test, values->dictionary.text(code), order());
+    }
+    const FoldedTexts& folded = texts()->texts;
+    if (folded.isNull(row)) return passesNull(test);
+    TextFolder::decode(folded.text(row), text_);
+    return passesText(test, text_, order());
+}
+
+RowSet CachedColumn::filter(const ColumnTest& test, const RowSet& rows) const {
+    if (const DictionaryValues* values = dictionary()) return filterByCode(*values, test, rows);
+    if (const TextValues* values = texts()) return filterTexts(*values, test, rows);
+    return rows.where([&](size_t row) { return passes(test, row); });
+}
+
+RowSet CachedColumn::filterByCode(const DictionaryValues& values, const ColumnTest& test,
+                                  const RowSet& rows) const {
+    const std::vector<uint8_t> passing = passingCodes(values.dictionary, test, order());
+    return rows.where([&](size_t row) { return passing[values.codes[row]]; });
+}
+
+RowSet CachedColumn::filterTexts(const TextValues& values, const ColumnTest& test,
+                                 const RowSet& rows) const {
+    RowSet result(rows.limit());
+    const bool contained = test.kind == ColumnTest::Kind::Like && !test.negated &&
+                           test.pattern->containedText() && !test.pattern->containedText()->empty();
+    if (!contained) {
+        rows.forEach([&](size_t row) {
+            if (passes(test, row)) result.add(row);
+        });
+        return result;
+    }
+    std::vector<uint8_t> wanted;
+    folder_->fold(*test.pattern->containedText(), wanted);
+    if (rows.size() < rows.limit() / kSparse) {
+        rows.forEach([&](size_t row) {
+            if (findBytes(values.texts.text(row), wanted) != kNotFound) result.add(row);
+        });
+    } else {
+        values.texts.forEachHolding(wanted, [&](size_t row) { result.add(row); });
+        result.keepOnly(rows);
+    }
+    return result;
+}
+
+std::optional<size_t> CachedColumn::countEqualTo(std::u16string_view text) const {
+    const DictionaryValues* values = dictionary();
+    if (!values) return std::nullopt;
+    size_t count = 0;
+    for (const Code code : values->dictionary.codesEqualTo(text))
+        count += values->counts[code];
+    return count;
+}
+
+size_t CachedColumn::bytesToFind() const {
+    if (const DictionaryValues* values = dictionary())
+        return values->rowsByCode.empty() ? values->codes.size() * sizeof(uint32_t) : 0;
+    if (const TextValues* values = texts())
+        return values->index.bytes() == 0 ? TextIndex::bytesFor(values->texts.count()) : 0;
+    return 0;
+}
+
+std::vector<uint32_t> CachedColumn::rowsEqualTo(std::u16string_view text) {
+    if (auto* values = std::get_if<DictionaryValues>(&values_)) return rowsOfCodes(*values, text);
+    auto& values = std::get<TextValues>(values_);
+    values.index.update(values.texts);
+    return values.index.rowsEqualTo(text, values.texts);
+}
+
+std::vector<uint32_t> CachedColumn::rowsOfCodes(DictionaryValues& values,
+                                                std::u16string_view text) const {
+    std::vector<uint32_t> rows;
+    const std::vector<Code> codes = values.dictionary.codesEqualTo(text);
+    if (codes.empty()) return rows;
+    if (values.codes.size() - values.grouped > kMostUngrouped || values.grouped == 0) group(values);
+    for (const Code code : codes) {
+        if (size_t{code} + 1 >= values.starts.size()) continue;
+        rows.insert(rows.end(), values.rowsByCode.begin() + values.starts[code],
+                    values.rowsByCode.begin() + values.starts[code + 1]);
+    }
+    for (size_t row = values.grouped; row < values.codes.size(); ++row)
+        if (std::ranges::find(codes, values.codes[row]) != codes.end())
+            rows.push_back(static_cast<uint32_t>(row));
+    return rows;
+}
+
+}  // namespace jet

@@ -1,0 +1,93 @@
+// One column of a table kept in memory, in the form that suits its values: numbers as they are,
+// texts as codes of a dictionary while they repeat, else one behind the other. Rows are known by
+// their number, from 0 in the order in which they were appended.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+#include "jet/condition.h"
+#include "jet/foldedtexts.h"
+#include "jet/rowset.h"
+#include "jet/table.h"
+#include "jet/textdictionary.h"
+#include "jet/textindex.h"
+
+namespace jet {
+
+// Null is not a number.
+using NumberValues = std::vector<double>;
+
+struct DictionaryValues {
+    TextDictionary dictionary;
+    std::vector<TextDictionary::Code> codes;  // by row
+    std::vector<uint32_t> counts;             // by code: its rows
+    // The rows of the first `grouped` by code; those of code c stand at starts[c] to starts[c + 1].
+    std::vector<uint32_t> rowsByCode;
+    std::vector<uint32_t> starts;
+    size_t grouped = 0;
+};
+
+struct TextValues {
+    FoldedTexts texts;
+    TextIndex index;
+};
+
+class CachedColumn {
+  public:
+    // A number, Boolean or text column; all must outlive this.
+    CachedColumn(const Column& column, TextFolder& folder, size_t dictionaryLimit);
+
+    const Column& column() const { return *column_; }
+    size_t count() const;
+    size_t bytes() const;
+
+    // Appends the value of a row. False when there is no room for it.
+    bool append(const Table& table, RowView row);
+    bool appendNull();
+    // The number of rows to come, to spare memory.
+    void expect(size_t rows);
+
+    // Negative, 0 or positive; Null before everything.
+    int compare(size_t a, size_t b) const;
+    // Whether the test of this column is true for the row.
+    bool passes(const ColumnTest& test, size_t row) const;
+    // The rows among `rows` for which it is true.
+    RowSet filter(const ColumnTest& test, const RowSet& rows) const;
+
+    // How many rows `column = text` may find; nothing when only looking tells.
+    std::optional<size_t> countEqualTo(std::u16string_view text) const;
+    // Those rows, in no particular order. Builds what it needs, and bytesToFind() tells how much
+    // memory that takes.
+    std::vector<uint32_t> rowsEqualTo(std::u16string_view text);
+    size_t bytesToFind() const;
+
+    const NumberValues* numbers() const { return std::get_if<NumberValues>(&values_); }
+    const DictionaryValues* dictionary() const { return std::get_if<DictionaryValues>(&values_); }
+    const TextValues* texts() const { return std::get_if<TextValues>(&values_); }
+    const TextOrder& order() const { return folder_->order(); }
+
+  private:
+    bool appendFolded(std::span<const uint8_t> folded);
+    bool becomeTexts();
+    RowSet filterByCode(const DictionaryValues& values, const ColumnTest& test,
+                        const RowSet& rows) const;
+    RowSet filterTexts(const TextValues& values, const ColumnTest& test, const RowSet& rows) const;
+    std::vector<uint32_t> rowsOfCodes(DictionaryValues& values, std::u16string_view text) const;
+
+    const Column* column_;
+    TextFolder* folder_;
+    std::variant<NumberValues, DictionaryValues, TextValues> values_;
+    Bytes scratch_;
+    std::vector<uint8_t> folded_;
+    std::vector<uint8_t> lastFolded_;
+    mutable std::u16string text_;
+    mutable std::u16string otherText_;
+};
+
+}  // namespace jet

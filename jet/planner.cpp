@@ -1,0 +1,207 @@
+#include "jet/planner.h"
+
+#include <algorithm>
+#include <span>
+
+namespace jet {
+namespace {
+
+// Looking rows up pays while they are fewer than one in so many.
+constexpr size_t kSelective = 4;
+// Fewer rows are sorted faster than an order of all rows is made.
+constexpr size_t kWorthRanking = 1024;
+// From one row in so many on, going through all rows in order is faster than sorting some.
+constexpr size_t kWalkRanking = 32;
+
+bool isLookUp(const Condition& condition) {
+    return condition.kind == Condition::Kind::Test &&
+           condition.test.kind == ColumnTest::Kind::Text &&
+           condition.test.comparison == CompareOperator::Equal;
+}
+
+// The conditions that must all be true.
+std::span<const Condition> conjuncts(const Condition& condition) {
+    if (condition.kind == Condition::Kind::And) return condition.operands;
+    return {&condition, 1};
+}
+
+}  // namespace
+
+bool Planner::wantsColumns(const Query& query) {
+    return query.where || query.distinct || !query.order.empty();
+}
+
+std::vector<RowId> Planner::rows(const Query& query) {
+    if (query.where && !query.distinct) {
+        if (std::optional<RowNumbers> few = fewRows(*query.where))
+            return ordered(query, std::move(*few));
+    }
+    RowSet rows = cache_.live();
+    if (query.where) rows = filter(*query.where, std::move(rows));
+    if (!query.distinct) return ordered(query, rows);
+
+    const CachedColumn* column =
+        query.columns.size() == 1 ? cache_.column(*query.columns.front()) : nullptr;
+    std::vector<RowId> found;
+    if (column && column->dictionary()) {
+        found = distinctByCode(*column, rows);
+    } else {
+        rows.forEach([&](size_t row) { found.push_back(cache_.ids()[row]); });
+        std::ranges::sort(found);
+        keepDistinct(found, query, table_, textOrder_);
+    }
+    sortRows(found, query, table_, textOrder_);
+    return found;
+}
+
+// The test that leads to the fewest rows.
+const ColumnTest* Planner::bestLookUp(const Condition& condition) {
+    const ColumnTest* best = nullptr;
+    size_t fewest = cache_.ids().size() / kSelective + 1;
+    for (const Condition& operand : conjuncts(condition)) {
+        if (!isLookUp(operand)) continue;
+        CachedColumn* column = cache_.column(*operand.test.column);
+        if (!column || !cache_.hasRoomFor(column->bytesToFind())) continue;
+        // Texts that do not repeat lead to few rows.
+        const size_t count = column->countEqualTo(operand.test.text).value_or(1);
+        if (count >= fewest) continue;
+        fewest = count;
+        best = &operand.test;
+    }
+    return best;
+}
+
+std::optional<Planner::RowNumbers> Planner::fewRows(const Condition& condition) {
+    const ColumnTest* lookUp = bestLookUp(condition);
+    if (!lookUp) return std::nullopt;
+    RowNumbers rows = cache_.column(*lookUp->column)->rowsEqualTo(lookUp->text);
+    std::erase_if(rows, [&](uint32_t row) {
+        if (!cache_.live().contains(row)) return true;
+        return !std::ranges::all_of(conjuncts(condition), [&](const Condition& operand) {
+            return &operand.test == lookUp || matches(operand, row);
+        });
+    });
+    return rows;
+}
+
+bool Planner::matches(const Condition& condition, uint32_t row) {
+    const auto operandMatches = [&](const Condition& operand) { return matches(operand, row); };
+    switch (condition.kind) {
+        case Condition::Kind::And:
+            return std::ranges::all_of(condition.operands, operandMatches);
+        case Condition::Kind::Or:
+            return std::ranges::any_of(condition.operands, operandMatches);
+        case Condition::Kind::Test:
+            break;
+    }
+    return passes(condition.test, row);
+}
+
+bool Planner::passes(const ColumnTest& test, uint32_t row) {
+    if (const CachedColumn* column = cache_.column(*test.column)) return column->passes(test, row);
+    return RowTester(table_, textOrder_).passes(table_.row(cache_.ids()[row]), test);
+}
+
+// Comparisons of codes and numbers first, searches in texts next, reading from pages last.
+int Planner::cost(const Condition& condition) {
+    if (condition.kind == Condition::Kind::Test) {
+        const CachedColumn* column = cache_.column(*condition.test.column);
+        if (!column) return 3;
+        if (!column->texts()) return 0;
+        const auto& pattern = condition.test.pattern;
+        return pattern && pattern->containedText() ? 1 : 2;
+    }
+    int highest = 0;
+    for (const Condition& operand : condition.operands)
+        highest = std::max(highest, cost(operand));
+    return highest;
+}
+
+// The rows among `rows` that match.
+RowSet Planner::filter(const Condition& condition, RowSet rows) {
+    if (condition.kind == Condition::Kind::Test) return filterByTest(condition.test, rows);
+    std::vector<std::pair<int, const Condition*>> operands;
+    for (const Condition& operand : condition.operands)
+        operands.emplace_back(cost(operand), &operand);
+    std::ranges::stable_sort(operands, {}, [](const auto& operand) { return operand.first; });
+    if (condition.kind == Condition::Kind::And) {
+        for (const auto& [ignored, operand] : operands)
+            rows = filter(*operand, std::move(rows));
+        return rows;
+    }
+    RowSet found(rows.limit());
+    for (const auto& [ignored, operand] : operands) {
+        const RowSet more = filter(*operand, rows);
+        found.addAll(more);
+        rows.removeAll(more);
+    }
+    return found;
+}
+
+RowSet Planner::filterByTest(const ColumnTest& test, const RowSet& rows) {
+    if (const CachedColumn* column = cache_.column(*test.column)) return column->filter(test, rows);
+    RowTester tester(table_, textOrder_);
+    RowSet found(rows.limit());
+    rows.forEach([&](size_t row) {
+        if (tester.passes(table_.row(cache_.ids()[row]), test)) found.add(row);
+    });
+    return found;
+}
+
+// The first row of each group of equal texts, in the order of the identities.
+std::vector<RowId> Planner::distinctByCode(const CachedColumn& column, const RowSet& rows) const {
+    const DictionaryValues& values = *column.dictionary();
+    const std::vector<uint32_t> ranks = values.dictionary.ranks();
+    std::vector<RowId> firstByRank(ranks.size());
+    rows.forEach([&](size_t row) {
+        RowId& first = firstByRank[ranks[values.codes[row]]];
+        const RowId id = cache_.ids()[row];
+        if (first.value == 0 || id < first) first = id;
+    });
+    std::erase(firstByRank, RowId{});
+    std::ranges::sort(firstByRank);
+    return firstByRank;
+}
+
+// The order kept for the query's, made for an answer of `count` rows where that pays; else null.
+const Ranking* Planner::rankingFor(const Query& query, size_t count) {
+    if (query.order.size() != 1 || query.order.front().descending) return nullptr;
+    const Column& column = *query.order.front().column;
+    return count < kWorthRanking ? cache_.freshRanking(column) : cache_.ranking(column);
+}
+
+std::vector<RowId> Planner::identities(const RowNumbers& rows) const {
+    std::vector<RowId> found(rows.size());
+    std::ranges::transform(rows, found.begin(), [this](uint32_t row) { return cache_.ids()[row]; });
+    return found;
+}
+
+std::vector<RowId> Planner::ordered(const Query& query, RowNumbers rows) {
+    if (const Ranking* ranking = rankingFor(query, rows.size())) {
+        std::ranges::sort(rows, {}, [&](uint32_t row) { return ranking->places()[row]; });
+        return identities(rows);
+    }
+    std::vector<RowId> found = identities(rows);
+    std::ranges::sort(found);
+    sortRows(found, query, table_, textOrder_);
+    return found;
+}
+
+std::vector<RowId> Planner::ordered(const Query& query, const RowSet& rows) {
+    const size_t count = rows.size();
+    const Ranking* ranking =
+        count < rows.limit() / kWalkRanking ? nullptr : rankingFor(query, count);
+    if (!ranking) {
+        RowNumbers numbers;
+        numbers.reserve(count);
+        rows.forEach([&](size_t row) { numbers.push_back(static_cast<uint32_t>(row)); });
+        return ordered(query, std::move(numbers));
+    }
+    std::vector<RowId> found;
+    found.reserve(count);
+    for (const uint32_t row : ranking->rows())
+        if (rows.contains(row)) found.push_back(cache_.ids()[row]);
+    return found;
+}
+
+}  // namespace jet

@@ -1,0 +1,47 @@
+// How a query is answered: from the columns in memory where they are, else from the pages. Both
+// ways give the same rows in the same order.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "jet/query.h"
+#include "jet/tablecache.h"
+
+namespace jet {
+
+class Planner {
+  public:
+    // All must outlive the planner.
+    Planner(const Table& table, const TextOrder& textOrder, TableCache& cache)
+        : table_(table), textOrder_(textOrder), cache_(cache) {}
+
+    std::vector<RowId> rows(const Query& query);
+
+    // Whether columns in memory can be of any use to the query.
+    static bool wantsColumns(const Query& query);
+
+  private:
+    using RowNumbers = std::vector<uint32_t>;
+
+    std::optional<RowNumbers> fewRows(const Condition& condition);
+    const ColumnTest* bestLookUp(const Condition& condition);
+    bool matches(const Condition& condition, uint32_t row);
+    bool passes(const ColumnTest& test, uint32_t row);
+    RowSet filter(const Condition& condition, RowSet rows);
+    RowSet filterByTest(const ColumnTest& test, const RowSet& rows);
+    int cost(const Condition& condition);
+
+    std::vector<RowId> distinctByCode(const CachedColumn& column, const RowSet& rows) const;
+    std::vector<RowId> ordered(const Query& query, const RowSet& rows);
+    std::vector<RowId> ordered(const Query& query, RowNumbers rows);
+    const Ranking* rankingFor(const Query& query, size_t count);
+    std::vector<RowId> identities(const RowNumbers& rows) const;
+
+    const Table& table_;
+    const TextOrder& textOrder_;
+    TableCache& cache_;
+};
+
+}  // namespace jet

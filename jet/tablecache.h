@@ -1,0 +1,70 @@
+// The columns of a table that queries asked about, kept in memory within a bound, and kept right
+// while rows are added and removed. Whoever owns a cache tells it of every change of the table, or
+// throws it away.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <unordered_map>
+#include <vector>
+
+#include "jet/cachedcolumn.h"
+#include "jet/cachelimits.h"
+#include "jet/ranking.h"
+#include "jet/rowid.h"
+#include "jet/rowset.h"
+#include "jet/table.h"
+
+namespace jet {
+
+class TableCache {
+  public:
+    // Walks the table once for its rows. Both references must outlive the cache.
+    TableCache(const Table& table, const TextOrder& order, const CacheLimits& limits);
+
+    // By row number: the identities of the rows, removed ones included.
+    const std::vector<RowId>& ids() const { return ids_; }
+    // The rows that are not removed.
+    const RowSet& live() const { return live_; }
+
+    // The column, loaded when it is not yet; null when it is of bytes or would take too much.
+    CachedColumn* column(const Column& column);
+    // Its order, brought up to date; null when the column is not there or it would take too much.
+    const Ranking* ranking(const Column& column);
+    // The same, but null as well when it would have to be made or brought up to date.
+    const Ranking* freshRanking(const Column& column);
+    // Whether so many bytes more are within the bound.
+    bool hasRoomFor(size_t bytes) const;
+
+    void rowAdded(RowId id);
+    void rowRemoved(RowId id);
+    // So many rows were added and removed that a fresh cache would be better.
+    bool isWorn() const;
+
+  private:
+    struct Slot {
+        std::unique_ptr<CachedColumn> column;
+        Ranking ranking;
+        bool refused = false;
+    };
+
+    Slot& slot(const Column& column);
+    bool load(CachedColumn& column) const;
+    std::optional<size_t> numberOf(RowId id) const;
+    size_t bytes() const;
+
+    const Table& table_;
+    CacheLimits limits_;
+    TextFolder folder_;
+    std::vector<RowId> ids_;
+    RowSet live_;
+    // The rows of the first walk, in ascending order of their identities; the others by identity.
+    size_t firstCount_ = 0;
+    std::unordered_map<uint32_t, uint32_t> laterRows_;
+    size_t removedCount_ = 0;
+    std::vector<Slot> slots_;  // by place of the column in the table's definition
+};
+
+}  // namespace jet

@@ -1,0 +1,44 @@
+// Finds the rows of a text column that hold a given text: a hash table of chains of rows.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "jet/foldedtexts.h"
+#include "jet/textorder.h"
+
+namespace jet {
+
+class TextIndex {
+  public:
+    // `order` must outlive the index.
+    explicit TextIndex(const TextOrder& order) : order_(&order) {}
+
+    // Takes in the rows behind those that it knows. `texts` is always the same column.
+    void update(const FoldedTexts& texts);
+
+    // The rows that it knows whose text equals `text`, in descending order.
+    std::vector<uint32_t> rowsEqualTo(std::u16string_view text, const FoldedTexts& texts);
+
+    size_t bytes() const { return (slots_.capacity() + next_.capacity()) * sizeof(uint32_t); }
+    // What it takes for that many rows.
+    static size_t bytesFor(size_t rows);
+
+  private:
+    static constexpr uint32_t kNone = UINT32_MAX;
+
+    void grow(const FoldedTexts& texts);
+    void insert(uint32_t row, const FoldedTexts& texts);
+    bool sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts);
+
+    const TextOrder* order_;
+    std::vector<uint32_t> slots_;  // the last row of a chain of equal texts, or kNone
+    std::vector<uint32_t> next_;   // by row: the one before it in its chain, or kNone
+    size_t used_ = 0;              // slots taken
+    std::u16string left_;
+    std::u16string right_;
+};
+
+}  // namespace jet
