@@ -25,6 +25,9 @@ namespace ui = platform::win32;
 // What WM_COMMAND brings as its notification when a shortcut sent it.
 constexpr int kFromShortcut = 1;
 
+// Posted to itself when its size has become smaller than the least.
+constexpr UINT kEnforceLeastSize = WM_APP;
+
 }  // namespace
 
 FrmMP3::FrmMP3(const Program& program) : Dialog(L"FrmMP3"), program_(program) {}
@@ -168,11 +171,14 @@ LRESULT FrmMP3::onNotify(const NMHDR& header) {
 
 std::optional<LRESULT> FrmMP3::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
-        case WM_GETMINMAXINFO:
-            reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = leastSize(window());
-            return 0;
+        case WM_SIZING:
+            keepLeastSize(window(), wParam, *reinterpret_cast<RECT*>(lParam));
+            return TRUE;
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED) Form_Resize();
+            return 0;
+        case kEnforceLeastSize:
+            enforceLeastSize(window());
             return 0;
         case WM_DPICHANGED:
             onDpiChanged(*reinterpret_cast<const RECT*>(lParam));
@@ -204,8 +210,9 @@ std::optional<LRESULT> FrmMP3::onStaticColours(HDC dc, HWND control) const {
 }
 
 void FrmMP3::Form_Resize() {
-    // Enlarging the window comes back here.
-    if (!arrange_ || enforceLeastSize(window())) return;
+    if (!arrange_ || IsIconic(window())) return;
+    // Later: a window manager that is just telling of a new size would not hear of another.
+    if (isTooSmall(window())) PostMessageW(window(), kEnforceLeastSize, 0, 0);
     arrange_->apply();
     tracks_->list().stretchColumn();
 }

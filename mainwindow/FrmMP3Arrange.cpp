@@ -52,17 +52,21 @@ struct ActionButton {
 constexpr std::array<ActionButton, 5> kActionButtons = {{
     {Control::Command1, u"Act&ualiser", L"actualiser"},
     {Control::ComNouveau, u"&Nouveau CD", L"nouveau"},
-    {Control::comcopier, u"&Copier\nla liste", L"copier"},
-    {Control::comsave, u"&Enregistrer\nla liste", L"enregistrer"},
+    {Control::comcopier, u"&Copier la liste", L"copier"},
+    {Control::comsave, u"&Enregistrer la liste", L"enregistrer"},
     {Control::Comaide, u"Ai&de", L"aide"},
 }};
+
+constexpr std::array kFirstRow = {Control::Check1,  Control::Check3,  Control::Option1,
+                                  Control::Option2, Control::Option3, Control::Label1};
 
 // Design pixels.
 constexpr int kButtonColumnWidth = 92;
 constexpr int kPictureSize = 24;
 constexpr int kDrivePictureSize = 32;
 constexpr int kCheckMark = 19;  // the box itself and the gap before the text
-constexpr int kAfterCheckBox = 6;
+constexpr int kAfterCheckBox = 4;
+constexpr int kMargin = 16;
 constexpr int kCheckBoxHeight = 18;
 constexpr int kSmallButton = 21;
 constexpr int kPlayerLabelWidth = 112;
@@ -73,14 +77,6 @@ constexpr int kNarrowestTrackList = 120;
 // The proportion of the lists when none is known.
 constexpr int kUsualCdListShare = 1;
 constexpr int kUsualTrackListShare = 2;
-
-// The tag as a tool tip: one line, without the mark of the access key.
-std::u16string tipText(std::u16string_view tag) {
-    std::u16string text;
-    for (const char16_t character : tag)
-        if (character != u'&') text += character == u'\n' ? u' ' : character;
-    return text;
-}
 
 }  // namespace
 
@@ -110,9 +106,13 @@ void FrmMP3Arrange::setListWidths(int list1Width, int dbList2Width) {
 }
 
 void FrmMP3Arrange::dpiChanged() {
-    font_ = ui::dialogFont(ui::dpiOf(window_));
+    ui::Font font = ui::dialogFont(ui::dpiOf(window_), ui::FontSize::Usual);
+    ui::Font smallFont = ui::dialogFont(ui::dpiOf(window_), ui::FontSize::Small);
     for (HWND child = GetWindow(window_, GW_CHILD); child; child = GetWindow(child, GW_HWNDNEXT))
-        ui::setFont(child, font_.get());
+        ui::setFont(child, font.get());
+    font_ = std::move(font);
+    smallFont_ = std::move(smallFont);
+    bandFont_ = font_.get();
     loadPictures();
 }
 
@@ -131,32 +131,31 @@ void FrmMP3Arrange::loadPictures() {
                  reinterpret_cast<WPARAM>(drivePicture_.get()), 0);
 }
 
-Size FrmMP3Arrange::checkBoxSize(HWND box) const {
-    const SIZE text = ui::textExtent(box, ui::textOf(box));
-    return {px(kCheckMark) + text.cx + px(kAfterCheckBox),
-            std::max<int>(text.cy, px(kCheckBoxHeight))};
-}
-
-Size FrmMP3Arrange::naturalSize(Control which) const {
+Size FrmMP3Arrange::naturalSize(Control which, HFONT bandFont) const {
     const HWND handle = control(which);
-    const auto textSize = [handle](std::u16string_view text) {
-        const SIZE extent = ui::textExtent(handle, text);
+    const auto textSize = [handle](HFONT font, std::u16string_view text) {
+        const SIZE extent = ui::textExtent(handle, font, text);
         return Size{extent.cx, extent.cy};
     };
+    const std::u16string text = ui::textOf(handle);
     switch (which) {
         case Control::Check1:
         case Control::Check3:
         case Control::Option1:
         case Control::Option2:
-        case Control::Option3:
-        case Control::CheckAutoRefresh:
-            return checkBoxSize(handle);
+        case Control::Option3: {
+            const Size size = textSize(bandFont, text);
+            return {px(kCheckMark) + size.width + px(kAfterCheckBox),
+                    std::max(size.height, px(kCheckBoxHeight))};
+        }
         case Control::Label1: {
             // Wide enough for any usual count, so that the row stands still between refreshes.
-            const Size usual = textSize(u" 99999 morceaux.");
-            return {std::max(usual.width, textSize(ui::textOf(handle)).width),
+            const Size usual = textSize(bandFont, u" 99999 morceaux.");
+            return {std::max(usual.width, textSize(bandFont, text).width),
                     std::max(usual.height, px(kCheckBoxHeight))};
         }
+        case Control::CheckAutoRefresh:
+            return {px(kButtonColumnWidth), px(kCheckBoxHeight)};
         case Control::Comaide:
             return {px(kButtonColumnWidth), 0};
         case Control::Image1:
@@ -171,11 +170,11 @@ Size FrmMP3Arrange::naturalSize(Control which) const {
         case Control::TextRech:
             return {0, px(kTextBoxHeight)};
         default:
-            return textSize(ui::textOf(handle));
+            return textSize(font_.get(), text);
     }
 }
 
-LayoutInput FrmMP3Arrange::measure(bool compact) const {
+LayoutInput FrmMP3Arrange::measure(bool compact, HFONT bandFont) const {
     LayoutInput input;
     const platform::Box client = ui::clientBox(window_);
     input.dpi = ui::dpiOf(window_);
@@ -185,16 +184,32 @@ LayoutInput FrmMP3Arrange::measure(bool compact) const {
     input.list1Width = list1Width();
     input.dbList2Width = dbList2Width();
     for (size_t i = 0; i < input.natural.size(); ++i)
-        input.natural[i] = naturalSize(static_cast<Control>(i));
+        input.natural[i] = naturalSize(static_cast<Control>(i), bandFont);
     input.naturalFormatBox = {0, px(kCheckBoxHeight)};
     return input;
+}
+
+HFONT FrmMP3Arrange::chooseBandFont() const {
+    int needed = 2 * px(kMargin);
+    for (const Control which : kFirstRow)
+        needed += naturalSize(which, font_.get()).width;
+    return needed <= ui::clientBox(window_).width ? font_.get() : smallFont_.get();
+}
+
+void FrmMP3Arrange::showBandFont(HFONT font) {
+    if (font == bandFont_) return;
+    bandFont_ = font;
+    for (const Control which : kFirstRow)
+        ui::setFont(control(which), font);
+    for (int k = 0; k < static_cast<int>(kFormatBoxes); ++k)
+        ui::setFont(GetDlgItem(window_, FrmMP3_CheckFormat0 + k), font);
 }
 
 void FrmMP3Arrange::showButtonLooks(bool compact) {
     for (const ActionButton& button : kActionButtons) {
         const bool asCaption = lookOf(button.control, compact).textAsCaption;
         ui::setText(control(button.control), asCaption ? button.Tag : std::u16string_view());
-        tips_.set(control(button.control), asCaption ? std::u16string() : tipText(button.Tag));
+        tips_.set(control(button.control), asCaption ? std::u16string_view() : button.Tag);
     }
 }
 
@@ -202,7 +217,8 @@ void FrmMP3Arrange::apply() {
     if (IsIconic(window_)) return;
     const bool compact = isCompact(ui::toTwips(ui::windowBox(window_).height, ui::dpiOf(window_)));
     showButtonLooks(compact);
-    layout_ = layOut(measure(compact));
+    showBandFont(chooseBandFont());
+    layout_ = layOut(measure(compact, bandFont_));
     placeAll();
 }
 
@@ -232,7 +248,7 @@ void FrmMP3Arrange::moveSplit(int distance) {
 }
 
 void FrmMP3Arrange::countChanged() {
-    if (naturalSize(Control::Label1).width > layout_[Control::Label1].width) apply();
+    if (naturalSize(Control::Label1, bandFont_).width > layout_[Control::Label1].width) apply();
 }
 
 }  // namespace mainwindow

@@ -37,9 +37,11 @@ class FrmMP3Arrange {
   private:
     HWND control(Control which) const { return control(window_, which); }
     int px(int designPixels) const;
-    Size naturalSize(Control which) const;
-    Size checkBoxSize(HWND box) const;
-    LayoutInput measure(bool compact) const;
+    Size naturalSize(Control which, HFONT bandFont) const;
+    LayoutInput measure(bool compact, HFONT bandFont) const;
+    // The usual font, or the small one when the first row would not fit in it.
+    HFONT chooseBandFont() const;
+    void showBandFont(HFONT font);
     void showButtonLooks(bool compact);
     void placeAll() const;
     void loadPictures();
@@ -47,6 +49,8 @@ class FrmMP3Arrange {
     HWND window_;
     platform::win32::Tooltips tips_;
     platform::win32::Font font_;
+    platform::win32::Font smallFont_;
+    HFONT bandFont_ = nullptr;  // of the controls below the lists: one of the two
     std::array<platform::win32::ImageList, 5> pictures_;
     platform::win32::Icon drivePicture_;
     Layout layout_;

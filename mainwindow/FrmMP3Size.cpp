@@ -24,15 +24,41 @@ POINT leastSize(HWND window) {
     return {ui::fromTwips(kMinWidthTwips, dpi), ui::fromTwips(kMinHeightTwips, dpi)};
 }
 
-bool enforceLeastSize(HWND window) {
+// Not by WM_GETMINMAXINFO: a window manager that sizes windows by itself, as under Wine, never
+// learns of such a limit and would show a part of the window only.
+void keepLeastSize(HWND window, WPARAM edge, RECT& frame) {
+    const POINT least = leastSize(window);
+    const bool fromLeft = edge == WMSZ_LEFT || edge == WMSZ_TOPLEFT || edge == WMSZ_BOTTOMLEFT;
+    const bool fromTop = edge == WMSZ_TOP || edge == WMSZ_TOPLEFT || edge == WMSZ_TOPRIGHT;
+    if (frame.right - frame.left < least.x) {
+        if (fromLeft) {
+            frame.left = frame.right - least.x;
+        } else {
+            frame.right = frame.left + least.x;
+        }
+    }
+    if (frame.bottom - frame.top < least.y) {
+        if (fromTop) {
+            frame.top = frame.bottom - least.y;
+        } else {
+            frame.bottom = frame.top + least.y;
+        }
+    }
+}
+
+bool isTooSmall(HWND window) {
     if (IsIconic(window) || IsZoomed(window)) return false;
     const POINT least = leastSize(window);
+    const platform::Box box = ui::windowBox(window);
+    return box.width < least.x || box.height < least.y;
+}
+
+void enforceLeastSize(HWND window) {
+    const POINT least = leastSize(window);
     platform::Box box = ui::windowBox(window);
-    if (box.width >= least.x && box.height >= least.y) return false;
     box.width = std::max<int>(box.width, least.x);
     box.height = std::max<int>(box.height, least.y);
     ui::moveWindow(window, box);
-    return true;
 }
 
 void applySize(HWND window, const catalogue::Settings& settings) {

@@ -10,8 +10,12 @@ namespace mainwindow {
 // The least outer size, device pixels.
 POINT leastSize(HWND window);
 
-// Enlarges a window in its normal state that is smaller than that; true when it was.
-bool enforceLeastSize(HWND window);
+// Keeps the frame that the user is dragging by `edge` (of WM_SIZING) from becoming smaller.
+void keepLeastSize(HWND window, WPARAM edge, RECT& frame);
+
+// Whether the window is in its normal state and smaller than that.
+bool isTooSmall(HWND window);
+void enforceLeastSize(HWND window);
 
 // Gives the window the stored size, no smaller than the least and no larger than the screen's
 // free part, and centres it there. It is not shown.

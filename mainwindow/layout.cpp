@@ -20,13 +20,14 @@ constexpr int kAroundLists = 130;  // the window's inner height without that of 
 constexpr int kHeadingGap = 2;     // between a heading and its list
 constexpr int kButtonGap = 4;      // between stacked buttons, and between small controls
 constexpr int kFirstRow = 14;      // distances below the lists' bottom edge
-constexpr int kImageTop = 8;
 constexpr int kSecondRow = 40;
 constexpr int kDriveLabelTop = kSecondRow + 3;
+constexpr int kImageTop = kSecondRow + 22;  // under the drive label
 constexpr int kThirdRow = 72;
 constexpr int kRowHeight = 21;  // the second and third row centre their controls in it
 constexpr int kSearchGap = 10;  // between the search label and its box
 constexpr int kWidestFormatBox = 72;
+constexpr int kComfortableFormatBox = 54;
 
 constexpr std::array<Control, 5> kActionButtons = {
     Control::Command1, Control::ComNouveau, Control::comcopier, Control::comsave, Control::Comaide};
@@ -94,7 +95,10 @@ class Arrangement {
     }
 
     void placeButtons() {
+        const Size automatic = input_.of(Control::CheckAutoRefresh);
         int top = px(kListsTop);
+        layout_[Control::CheckAutoRefresh] = {px(kGap), top - px(kHeadingGap) - automatic.height,
+                                              buttonColumnWidth(), automatic.height};
         for (const Control button : kActionButtons) {
             const int height = px(lookOf(button, input_.compact).height);
             layout_[button] = {px(kGap), top, buttonColumnWidth(), height};
@@ -143,10 +147,18 @@ class Arrangement {
         layout_[Control::TextRech].width = std::max(right(layout_[Control::DBList2]) - search, 0);
     }
 
+    // Under the CD list while the boxes have room there, else as far left as the drive lets them.
+    int thirdRowLeft() const {
+        const int underList = layout_[Control::List1].left;
+        const int comfortable = static_cast<int>(kFormatBoxes) * px(kComfortableFormatBox) +
+                                input_.of(Control::CommandExtMoins).width +
+                                input_.of(Control::CommandExtPlus).width + 2 * px(kButtonGap);
+        if (right(layout_[Control::DBList2]) - underList >= comfortable) return underList;
+        return right(layout_[Control::Image1]) + px(kButtonGap);
+    }
+
     void placeThirdRow() {
-        placeInRow(Control::CheckAutoRefresh, px(kGap), kThirdRow);
-        const int rowLeft = std::max(layout_[Control::List1].left,
-                                     right(layout_[Control::CheckAutoRefresh]) + px(kGap));
+        const int rowLeft = thirdRowLeft();
         placeInRow(Control::CommandExtMoins, rowLeft, kThirdRow);
         int left = right(layout_[Control::CommandExtMoins]) + px(kButtonGap);
         const int end = right(layout_[Control::DBList2]) - px(kButtonGap) -

@@ -133,9 +133,11 @@ TEST(LayOut, KeepsTheBandInsideTheWindowAndItsRowsApart) {
         EXPECT_GE(box.top, bottom(layout[Control::TextRech]));
     }
     EXPECT_GE(layout[Control::TextRech].top, bottom(layout[Control::Check1]));
-    EXPECT_GE(layout[Control::Label2].top, bottom(layout[Control::Image1]));
-    EXPECT_GE(layout[Control::CheckAutoRefresh].top, bottom(layout[Control::Label2]));
+    EXPECT_GE(layout[Control::Label2].top, bottom(layout[Control::Check1]));
+    EXPECT_GE(layout[Control::Image1].top, bottom(layout[Control::Label2]));
     EXPECT_GE(layout[Control::Label4].top, 0);
+    EXPECT_GE(layout[Control::CheckAutoRefresh].top, 0);
+    EXPECT_LE(bottom(layout[Control::CheckAutoRefresh]), layout[Control::Command1].top);
     EXPECT_LE(bottom(layout[Control::Label4]), layout[Control::List1].top);
 }
 
@@ -158,7 +160,7 @@ TEST(LayOut, StacksTheActionButtonsInOrder) {
     }
 }
 
-// At both heights at which the look changes, the column must end above the drive's picture.
+// At both heights at which the look changes, the column must end above the band.
 TEST(LayOut, ButtonColumnFitsBesideTheLists) {
     constexpr int frameAndMenu = 60;
     LayoutInput input = inputAt96();
@@ -166,7 +168,8 @@ TEST(LayOut, ButtonColumnFitsBesideTheLists) {
         input.clientHeight = outerTwips / 15 - frameAndMenu;
         input.compact = compact;
         const Layout layout = layOut(input);
-        EXPECT_LE(bottom(layout[Control::Comaide]), layout[Control::Image1].top);
+        EXPECT_LE(bottom(layout[Control::Comaide]), layout[Control::Check1].top);
+        EXPECT_LE(bottom(layout[Control::Comaide]), layout[Control::Label2].top);
     }
 }
 
@@ -207,9 +210,10 @@ TEST(LayOut, LaysTheFormatBoxesBetweenTheirButtons) {
         input.clientWidth = width;
         const Layout layout = layOut(input);
         int edge = right(layout[Control::CommandExtMoins]);
+        EXPECT_GE(layout[Control::CommandExtMoins].left, right(layout[Control::Image1]));
         for (const Box& box : layout.formatBoxes) {
             EXPECT_GE(box.left, edge);
-            EXPECT_GT(box.width, 0);
+            EXPECT_GE(box.width, 45);
             edge = right(box);
         }
         EXPECT_GE(layout[Control::CommandExtPlus].left, edge);

@@ -74,10 +74,9 @@ void setFocus(HWND control) {
                  TRUE);
 }
 
-SIZE textExtent(HWND control, std::u16string_view text) {
+SIZE textExtent(HWND control, HFONT font, std::u16string_view text) {
     const WindowDc dc(control);
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
-    const Selection selection(dc.get(), font ? font : GetStockObject(DEFAULT_GUI_FONT));
+    const Selection selection(dc.get(), font);
     RECT rectangle{};
     const std::wstring wide = toWide(text);
     DrawTextW(dc.get(), wide.c_str(), static_cast<int>(wide.size()), &rectangle,
@@ -85,8 +84,8 @@ SIZE textExtent(HWND control, std::u16string_view text) {
     return {rectangle.right, rectangle.bottom};
 }
 
-Font dialogFont(int dpi) {
-    constexpr int points = 9;
+Font dialogFont(int dpi, FontSize size) {
+    const int points = size == FontSize::Small ? 8 : 9;
     constexpr int pointsPerInch = 72;
     return Font(CreateFontW(-MulDiv(points, dpi, pointsPerInch), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
                             FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,

@@ -36,8 +36,8 @@ void setVisible(HWND control, bool visible);
 // Gives the focus the way the dialog manager does, so that the default button follows.
 void setFocus(HWND control);
 
-// The text's extent in the control's own font, device pixels; "&" marks do not count.
-SIZE textExtent(HWND control, std::u16string_view text);
+// The text's extent in `font` on the control's screen, device pixels; "&" marks do not count.
+SIZE textExtent(HWND control, HFONT font, std::u16string_view text);
 
 // Shows the hourglass until the end of the block.
 class WaitCursor {
@@ -51,8 +51,9 @@ class WaitCursor {
     HCURSOR former_;
 };
 
-// The program's dialog font at `dpi`.
-Font dialogFont(int dpi);
+// The program's dialog font at `dpi`, and the same for places where room is short.
+enum class FontSize { Usual, Small };
+Font dialogFont(int dpi, FontSize size);
 void setFont(HWND control, HFONT font);
 
 }  // namespace platform::win32

@@ -8,10 +8,9 @@ namespace platform::win32 {
 
 Tooltips::Tooltips(HWND window)
     : window_(window),
-      tips_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr,
-                            WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
-                            CW_USEDEFAULT, CW_USEDEFAULT, window, nullptr,
-                            GetModuleHandleW(nullptr), nullptr)) {}
+      tips_(CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP,
+                            CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, window,
+                            nullptr, GetModuleHandleW(nullptr), nullptr)) {}
 
 void Tooltips::set(HWND control, std::u16string_view text) {
     std::wstring wide = toWide(text);

@@ -11,7 +11,7 @@ class Tooltips {
   public:
     // The tips live as long as `window`, which destroys them with itself.
     explicit Tooltips(HWND window);
-    // The empty text takes the tip away.
+    // "&" marks are not shown. The empty text takes the tip away.
     void set(HWND control, std::u16string_view text);
 
   private:
