@@ -48,8 +48,10 @@ TEST(MarkerRows, AreNeverInTheFile) {
 TEST(DeleteMarkerRows, RemovesThoseThatAnOlderRunLeft) {
     CatalogueCopy catalogue;
     catalogue.addRow(u"Fin", 100, u"MID");
+    jet::Transaction olderRun(catalogue.database());
     for (int i = 0; i < 500; ++i)
         catalogue.addRow(u"Reste", i, u"T");
+    olderRun.Commit();
     const size_t seenByOthers = CatalogueCopy::kHasOtherReader ? 500 : 0;
     ASSERT_EQ(catalogue.markerCountInFile(), seenByOthers);
     deleteMarkerRows(catalogue.database());
