@@ -11,7 +11,7 @@ namespace {
 using base::Error;
 using base::ErrorNumber;
 
-constexpr size_t kCapacity = size_t{12} << 20;
+constexpr size_t kCapacity = size_t{24} << 20;
 
 [[noreturn]] void throwFault(std::u16string_view path) {
     throw Error(ErrorNumber::DeviceIo, u"Panne simulée.", std::u16string(path));

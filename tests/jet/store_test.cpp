@@ -231,7 +231,7 @@ TEST_F(StoreTest, RescanningOneMediumAHundredTimesDoesNotDoubleTheFile) {
         store_->begin();
         for (const RowId row : old)
             table().remove(row);
-        for (const Row& row : makeRows(0, 200))
+        for (const Row& row : makeRows(0, 60))
             table().append(row);
         store_->commit();
     }
@@ -258,7 +258,7 @@ TEST_F(StoreTest, RewritingSingleRowsHundredsOfTimesDoesNotFillPagesWithDeadSlot
 }
 
 TEST_F(StoreTest, ManyRowsOutgrowTheFirstMaps) {
-    for (int round = 0; round < 6; ++round)
+    for (int round = 0; round < 3; ++round)
         appendRows(*store_, makeRows(round * 1500, 1500));
     EXPECT_GT(files_.get(kPath).size() / 4096, 1200u);
     EXPECT_EQ(contents(table()), lines(makeRows(0, 4500)));
