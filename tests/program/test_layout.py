@@ -119,14 +119,12 @@ def test_a_higher_resolution_scales_everything(album_folder):
         with Program(desktop) as program:
             main = program.open()
             assert main.List1.items() == [ALL]
-            main.resize(500, 400)
-            becomes(main, 900, 690)
-            main.resize(1200, 960)
-            becomes(main, 1200, 960)
+            main.resize(1050, 960)
+            becomes(main, 1050, 960)
             wait_for(lambda: main.Command1.height == 90, "buttons at one and a half times the size")
             for child in main.children():
                 if child["visible"]:
                     assert inside(child["rect"], main.rect), child
             program.quit()
             # Kept in twips, so that the size means the same at any resolution.
-            assert settings.read(program.settings)["WinWidth"] == 12000
+            assert settings.read(program.settings)["WinWidth"] == 10500

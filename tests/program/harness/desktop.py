@@ -110,13 +110,14 @@ class Desktop:
         self.xdo("mouseup", button)
 
     def drag(self, start, end, button=1):
-        """Presses at `start`, moves to `end` in steps as a hand does, and lets go."""
-        self.press(*start, button=button)
-        steps = 8
+        """Presses at `start`, moves to `end` at a hand's pace, and lets go."""
+        distance = max(abs(last - first) for first, last in zip(start, end))
+        steps = max(distance // 10, 1)
+        way = []
         for step in range(1, steps + 1):
             x, y = (first + (last - first) * step // steps for first, last in zip(start, end))
-            self.xdo("mousemove", "--sync", x, y)
-        self.release(button)
+            way += ["mousemove", x, y, "sleep", 0.01]
+        self.xdo("mousemove", *start, "mousedown", button, *way, "mouseup", button)
 
     def keys(self, *names):
         """Presses keys by their X names, such as "Return", "alt+F4", "Down"."""

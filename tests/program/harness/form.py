@@ -56,7 +56,8 @@ class Window:
     def resize(self, width, height):
         """Drags the lower right corner until the window would have this outer size, in pixels."""
         left, top, right, bottom = self.rect
-        self.desktop.drag((right - 2, bottom - 2), (left + width - 2, top + height - 2))
+        grip = (right - 8, bottom - 2)  # the window manager's, below the client area
+        self.desktop.drag(grip, (grip[0] + left + width - right, grip[1] + top + height - bottom))
 
     @property
     def size(self):
