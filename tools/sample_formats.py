@@ -13,6 +13,16 @@ def mp1(seconds):
     return frame.ljust(32, b"\0") * (seconds * frames_per_second)
 
 
+def id3v1(title, artist):
+    """The tag at the end of an MP3: texts in the Western code page, padded with blanks."""
+    def field(text, size):
+        return text.encode("cp1252").ljust(size)[:size]
+
+    genre_other = 12
+    return (b"TAG" + field(title, 30) + field(artist, 30) + field("", 30) + field("", 4)
+            + field("", 30) + bytes([genre_other]))
+
+
 def composer669(message):
     """A Composer 669 module: one empty pattern, no sample. `message` is its song message, Latin-1."""
     orders = bytes([0]) + b"\xff" * 127
