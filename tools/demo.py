@@ -6,8 +6,10 @@ mdbtools reads them. Ends with a failure when a step fails.
 """
 import contextlib
 import pathlib
+import re
 import shutil
 import sys
+import threading
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "program"))
@@ -58,6 +60,27 @@ class Demo:
         wait_for(lambda: self.main.Label1.text == expected, f"the count {expected!r}")
         return count
 
+    def watch_percentage(self, dialog):
+        """The percentages that the dialog shows until it goes, which only grow."""
+        seen = []
+
+        def gone():
+            if self.program.form_or_none("FrmNouveauCD") is None:
+                return True
+            percent = re.search(r" (\d+)%$", dialog.LabelPatientez.text)
+            if percent and int(percent[1]) not in seen[-1:]:
+                if not seen:
+                    photographer.start()
+                seen.append(int(percent[1]))
+            return False
+
+        # The scan does not wait for a picture of it.
+        photographer = threading.Thread(target=self.shoot, args=["percentage"])
+        wait_for(gone, "the end of the scan")
+        assert seen and seen == sorted(seen), seen
+        photographer.join()
+        return seen
+
     def add_the_medium(self):
         with self.step("the program starts with an empty catalogue"):
             self.main = self.program.open()
@@ -69,8 +92,8 @@ class Demo:
             wait_for(lambda: dialog.TextNouveau.text == "Été 2024", "the name")
         with self.step("the scan shows its percentage"):
             dialog.CommandNouveauOK.click()
-            wait_for(lambda: "%" in dialog.LabelPatientez.text, "the percentage")
-            print("  ", dialog.LabelPatientez.text)
+            seen = self.watch_percentage(dialog)
+            print("  ", ", ".join(f"{percent} %" for percent in seen), flush=True)
         with self.step("the new CD is chosen with its tracks beside it"):
             self.program.wait_gone("FrmNouveauCD")
             assert self.main.List1.items() == [ALL, "Été 2024"]

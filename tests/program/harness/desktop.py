@@ -129,7 +129,8 @@ class Desktop:
             self.xdo("type", "--delay", 15, "--", text)
         else:
             subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True,
-                           env=self.environment, stdout=subprocess.DEVNULL)
+                           env=self.environment, stdout=subprocess.DEVNULL,
+                           stderr=subprocess.DEVNULL)
             self.keys("ctrl+v")
 
     def tidy(self):
