@@ -57,7 +57,7 @@ Recordset::Recordset(std::shared_ptr<Session> session, Table& table)
         columns_.push_back(&column);
 }
 
-Recordset::Recordset(std::shared_ptr<Session> session, Table& table, Query query)
+Recordset::Recordset(std::shared_ptr<Session> session, Table& table, const Query& query)
     : session_(std::move(session)),
       table_(&table),
       columns_(query.columns),

@@ -92,7 +92,7 @@ class Recordset {
     // All rows of `table`, looked for when they are first asked for: who only adds never waits.
     Recordset(std::shared_ptr<Session> session, Table& table);
     // The answer to `query`, at once.
-    Recordset(std::shared_ptr<Session> session, Table& table, Query query);
+    Recordset(std::shared_ptr<Session> session, Table& table, const Query& query);
 
     void requireOpen() const;
     void requireUpdatable() const;

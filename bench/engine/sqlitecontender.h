@@ -18,7 +18,7 @@ enum class Indexing {
     Search,   // these, and a trigram index over title and path
 };
 
-class SqliteContender : public Contender {
+class SqliteContender final : public Contender {
   public:
     SqliteContender(const std::string& folder, Indexing indexing);
     ~SqliteContender() override;

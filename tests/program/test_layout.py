@@ -94,12 +94,30 @@ def test_the_splitter_moves_width_from_one_list_to_the_other(program):
     assert settings.read(program.settings)["List1Width"] == left + 40
 
 
+def push_splitter(main, step):
+    """Drags step by step as long as a step is allowed, then twenty more steps; lets go."""
+    x, y = centre(main.LabelReglage.rect)
+    main.desktop.press(x, y)
+    left, right = main.List1.width, main.DBList2.width
+    while left + step >= 80 and right - step >= 120:
+        left, right, x = left + step, right - step, x + step
+        main.desktop.move(x, y)
+        wait_for(lambda: main.List1.width == left, f"the list of media {left} wide")
+    for _ in range(20):
+        x += step
+        main.desktop.move(x, y)
+    main.desktop.release()
+    return left, right
+
+
 def test_the_splitter_stops_at_both_limits(program):
     main = program.open()
-    drag_splitter(main, -400)
-    wait_for(lambda: 80 <= main.List1.width < 95, "the narrowest list of media")
-    drag_splitter(main, 900)
-    wait_for(lambda: 120 <= main.DBList2.width < 135, "the narrowest track list")
+    for step in (-10, 10):
+        left, right = push_splitter(main, step)
+        # A choice made afterwards shows that the program has seen every move.
+        main.List1.click_item(ALL)
+        wait_for(lambda: main.List1.choice == ALL, "the choice")
+        assert (main.List1.width, main.DBList2.width) == (left, right)
 
 
 def test_size_and_split_come_back_at_the_next_start(program):

@@ -100,6 +100,9 @@ class Desktop:
         subprocess.run(["xdotool", *map(str, command)], env=self.environment, check=True,
                        stdout=subprocess.DEVNULL)
 
+    def move(self, x, y):
+        self.xdo("mousemove", x, y)
+
     def click(self, x, y, button=1, times=1):
         self.xdo("mousemove", x, y, "click", "--repeat", times, "--delay", 60, button)
 
