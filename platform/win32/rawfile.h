@@ -11,8 +11,9 @@
 namespace platform::win32 {
 
 // Owns the handle of one open file and the path it was opened by, which its errors name. Each call
-// names its place in the file; the file pointer is moved only when that is not where the call before
-// ended. Calls that carry their position themselves (OVERLAPPED) take twice as long under Wine.
+// names its place in the file; the file pointer is moved only when that is not where the call
+// before ended. Calls that carry their position themselves (OVERLAPPED) take twice as long under
+// Wine.
 class RawFile {
   public:
     // Opens or creates; throws systemError. The arguments are those of CreateFileW.
