@@ -14,6 +14,7 @@
 #include "mainwindow/FrmMP3Look.h"
 #include "mainwindow/FrmMP3Splitter.h"
 #include "mainwindow/FrmMP3Tracks.h"
+#include "mainwindow/exporting.h"
 #include "platform/system.h"
 #include "platform/win32/ui/dialog.h"
 #include "platform/win32/ui/editfilter.h"
@@ -60,6 +61,8 @@ class FrmMP3 : public platform::win32::Dialog {
     void menusupprimer_Click();
     void MenExt_Click();
     void raccourciRecherche_Click();
+    void comcopier_Click();
+    void comsave_Click();
     void Form_Resize();
     void Form_Unload();
 
@@ -83,6 +86,8 @@ class FrmMP3 : public platform::win32::Dialog {
     int cdRow() const;
     std::u16string cdName() const;
     scan::FrmNouveauCD::Program scanProgram() const;
+    TrackPlayer player() const;
+    ExportedColumn exportedColumn() const;
     void chooseCd(std::u16string_view name);
 
     Program program_;

@@ -10,12 +10,31 @@ FrmMP3Tracks::FrmMP3Tracks(HWND list, jet::Database& database)
 void FrmMP3Tracks::show(const TrackQuery& query) {
     recordset_ = database_.OpenRecordset(query.recordSource);
     displayedField_ = query.displayedField;
+    played_.refreshed();
     unreadable_ = false;
     list_.setCount(recordset_->RecordCount());
 }
 
 void FrmMP3Tracks::clear() {
     show({emptyTrackListQuery(), u"Nom"});
+}
+
+bool FrmMP3Tracks::moveToChosen() {
+    const std::optional<size_t> row = list_.selected();
+    if (row) recordset_->setAbsolutePosition(*row);
+    return row.has_value();
+}
+
+void FrmMP3Tracks::DBList2_Click(const TrackPlayer& player) {
+    const bool chosen = moveToChosen();
+    if (!played_.clicked(chosen ? std::optional(recordset_->Bookmark()) : std::nullopt)) return;
+    playTrack(player.system.programs, player.settings, *recordset_);
+}
+
+void FrmMP3Tracks::DBList2_DblClick(const TrackPlayer& player) {
+    if (!played_.anyChosen()) return;
+    playList(player.system.programs, player.system.files, player.system.codePage, player.AppPath,
+             player.settings, *recordset_);
 }
 
 void FrmMP3Tracks::close() {

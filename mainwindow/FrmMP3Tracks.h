@@ -1,4 +1,5 @@
-// The track list DBList2 and the data control Data1 behind it: a query's rows, read when shown.
+// The track list DBList2 and the data control Data1 behind it: a query's rows, read when shown and
+// played.
 #pragma once
 
 #include <windows.h>
@@ -7,10 +8,19 @@
 #include <string>
 
 #include "jet/database.h"
+#include "mainwindow/playing.h"
 #include "mainwindow/trackquery.h"
+#include "platform/system.h"
 #include "platform/win32/ui/virtuallist.h"
 
 namespace mainwindow {
+
+// What playing works with.
+struct TrackPlayer {
+    platform::System& system;
+    const catalogue::Settings& settings;
+    std::u16string_view AppPath;
+};
 
 class FrmMP3Tracks {
   public:
@@ -21,21 +31,29 @@ class FrmMP3Tracks {
     void show(const TrackQuery& query);
     // Shows nothing, as before a CD is chosen.
     void clear();
+    // A click on the list, or Enter: plays the chosen track, once until another is chosen.
+    void DBList2_Click(const TrackPlayer& player);
+    // Plays the whole list.
+    void DBList2_DblClick(const TrackPlayer& player);
+    // What is exported: the shown rows and the column of theirs that the list shows.
+    jet::Recordset& recordset() { return *recordset_; }
+    const std::u16string& displayedField() const { return displayedField_; }
+
     // Lets the recordset go; the list is not to be shown any more.
     void close();
 
     size_t count() const { return recordset_->RecordCount(); }
-    // The column of the catalogue that the list shows.
-    const std::u16string& displayedField() const { return displayedField_; }
-    jet::Recordset& recordset() { return *recordset_; }
     platform::win32::VirtualList& list() { return list_; }
 
   private:
     std::u16string rowText(size_t row);
+    // Puts the recordset on the list's chosen row; false when there is none.
+    bool moveToChosen();
 
     jet::Database& database_;
     std::u16string displayedField_;
     std::unique_ptr<jet::Recordset> recordset_;
+    PlayedTrack played_;
     bool unreadable_ = false;
     platform::win32::VirtualList list_;
 };

@@ -1,5 +1,9 @@
 #include "platform/win32/ui/clipboard.h"
 
+#include <algorithm>
+#include <new>
+
+#include "platform/win32/systemerror.h"
 #include "platform/win32/wide.h"
 
 namespace platform::win32 {
@@ -20,6 +24,24 @@ class OpenedClipboard {
     bool open_;
 };
 
+// A block of memory to be given to the clipboard.
+class GlobalBlock {
+  public:
+    explicit GlobalBlock(size_t bytes) : block_(GlobalAlloc(GMEM_MOVEABLE, bytes)) {
+        if (!block_) throw std::bad_alloc();
+    }
+    GlobalBlock(const GlobalBlock&) = delete;
+    GlobalBlock& operator=(const GlobalBlock&) = delete;
+    ~GlobalBlock() {
+        if (block_) GlobalFree(block_);
+    }
+    HGLOBAL get() const { return block_; }
+    void release() { block_ = nullptr; }
+
+  private:
+    HGLOBAL block_;
+};
+
 }  // namespace
 
 std::u16string clipboardText() {
@@ -33,6 +55,19 @@ std::u16string clipboardText() {
     const std::u16string text = fromWide({characters, wcsnlen(characters, capacity)});
     GlobalUnlock(data);
     return text;
+}
+
+void setClipboardText(HWND owner, std::u16string_view text) {
+    const OpenedClipboard clipboard(owner);
+    if (!clipboard || !EmptyClipboard()) throw systemError(GetLastError());
+    if (text.empty()) return;
+    GlobalBlock block((text.size() + 1) * sizeof(wchar_t));
+    auto* characters = static_cast<wchar_t*>(GlobalLock(block.get()));
+    *std::copy(text.begin(), text.end(), characters) = L'\0';
+    GlobalUnlock(block.get());
+    if (!SetClipboardData(CF_UNICODETEXT, block.get())) throw systemError(GetLastError());
+    // The clipboard owns it from here on.
+    block.release();
 }
 
 }  // namespace platform::win32
