@@ -56,7 +56,6 @@ void FrmMP3::applySettings() {
     applySize(window(), settings);
     arrange_->setListWidths(ui::scaled(settings.List1Width, dpi()),
                             ui::scaled(settings.DBList2Width, dpi()));
-    tracks_->list().stretchColumn();
 }
 
 void FrmMP3::show() {
@@ -163,7 +162,6 @@ void FrmMP3::Form_Resize() {
     // Later: a window manager that is just telling of a new size would not hear of another.
     if (isTooSmall(window())) PostMessageW(window(), kEnforceLeastSize, 0, 0);
     arrange_->apply();
-    tracks_->list().stretchColumn();
 }
 
 // The end.

@@ -240,11 +240,18 @@ void FrmMP3Arrange::placeAll() const {
 void FrmMP3Arrange::moveSplit(int distance) {
     mainwindow::moveSplit(layout_, distance);
     constexpr std::array moved = {Control::Label4, Control::Label5, Control::List1,
-                                  Control::DBList2, Control::LabelReglage};
-    for (const Control which : moved)
-        ui::moveWindow(control(which), layout_[which]);
-    for (const Control which : moved)
-        UpdateWindow(control(which));
+                                  Control::LabelReglage, Control::DBList2};
+    HDWP moves = BeginDeferWindowPos(static_cast<int>(moved.size()));
+    for (const Control which : moved) {
+        const platform::Box& box = layout_[which];
+        moves = DeferWindowPos(moves, control(which), nullptr, box.left, box.top, box.width,
+                               box.height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    }
+    EndDeferWindowPos(moves);
+    for (const Control which : moved) {
+        RedrawWindow(control(which), nullptr, nullptr,
+                     RDW_INVALIDATE | RDW_FRAME | RDW_ERASE | RDW_UPDATENOW);
+    }
 }
 
 void FrmMP3Arrange::countChanged() {

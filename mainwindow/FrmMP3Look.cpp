@@ -42,7 +42,6 @@ void FrmMP3Look::apply(const catalogue::ListLook& look, HWND list1, ui::VirtualL
     backgroundColour_ = colourOf(look.BackColor);
     background_ = ui::Brush(CreateSolidBrush(backgroundColour_));
     dbList2.setColours(textColour_, backgroundColour_);
-    dbList2.stretchColumn();
     InvalidateRect(list1, nullptr, TRUE);
 }
 

@@ -12,6 +12,23 @@ VirtualList::VirtualList(HWND list, RowText rowText) : list_(list), rowText_(std
     column.cx = 0;
     ListView_InsertColumn(list_, 0, &column);
     stretchColumn();
+    SetWindowSubclass(list_, procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+}
+
+VirtualList::~VirtualList() {
+    if (list_) RemoveWindowSubclass(list_, procedure, 0);
+}
+
+LRESULT CALLBACK VirtualList::procedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
+                                        UINT_PTR id, DWORD_PTR data) {
+    auto* self = reinterpret_cast<VirtualList*>(data);
+    const LRESULT answer = DefSubclassProc(list, message, wParam, lParam);
+    if (message == WM_SIZE) self->stretchColumn();
+    if (message == WM_NCDESTROY) {
+        RemoveWindowSubclass(list, procedure, id);
+        self->list_ = nullptr;
+    }
+    return answer;
 }
 
 void VirtualList::setCount(size_t count) {

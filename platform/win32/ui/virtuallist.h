@@ -1,4 +1,4 @@
-// A list view of one column that asks for its rows when it shows them.
+// A list view of one column, as wide as the list, that asks for its rows when it shows them.
 #pragma once
 
 #include <windows.h>
@@ -18,12 +18,13 @@ class VirtualList {
 
     // `list`: a report list view with LVS_OWNERDATA from a dialog template.
     VirtualList(HWND list, RowText rowText);
+    VirtualList(const VirtualList&) = delete;
+    VirtualList& operator=(const VirtualList&) = delete;
+    ~VirtualList();
 
     HWND window() const { return list_; }
     // Shows that many rows from the first, none selected.
     void setCount(size_t count);
-    // Makes the column as wide as the list; after every change of size.
-    void stretchColumn();
     // Reads the shown rows anew.
     void redraw();
     void clearSelection();
@@ -34,6 +35,10 @@ class VirtualList {
     void fill(const NMHDR& header);
 
   private:
+    static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
+    // Makes the column as wide as the list.
+    void stretchColumn();
+
     HWND list_;
     RowText rowText_;
     std::wstring shown_;  // the list may keep a pointer to it until its next request
