@@ -11,6 +11,7 @@
 #include "platform/win32/filestore.h"
 #include "platform/win32/filesystem.h"
 #include "platform/win32/programs.h"
+#include "platform/win32/ui/com.h"
 #include "platform/win32/ui/messages.h"
 #include "scan/scanstate.h"
 
@@ -26,6 +27,7 @@ class Program {
     int run();
 
   private:
+    platform::win32::ComApartment apartment_;
     platform::win32::Win32FileSystem files_;
     platform::win32::Win32FileStore fileStore_;
     platform::win32::Win32Drives drives_;

@@ -3,10 +3,11 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <span>
 #include <string_view>
+#include <utility>
 
 #include "mainwindow/FrmMP3.ids.h"
+#include "platform/win32/ui/accessible.h"
 #include "platform/win32/ui/controls.h"
 #include "platform/win32/ui/dpi.h"
 #include "platform/win32/ui/place.h"
@@ -57,6 +58,14 @@ constexpr std::array<ActionButton, 5> kActionButtons = {{
     {Control::Comaide, u"Ai&de", L"aide"},
 }};
 
+// What the buttons that bear a sign are for.
+constexpr std::array<std::pair<Control, std::u16string_view>, 4> kSigns = {{
+    {Control::CommandLecteurMoins, u"Lecteur audio précédent"},
+    {Control::CommandLecteurPlus, u"Lecteur audio suivant"},
+    {Control::CommandExtMoins, u"Types de fichiers précédents"},
+    {Control::CommandExtPlus, u"Types de fichiers suivants"},
+}};
+
 constexpr std::array kFirstRow = {Control::Check1,  Control::Check3,  Control::Option1,
                                   Control::Option2, Control::Option3, Control::Label1};
 
@@ -78,11 +87,29 @@ constexpr int kNarrowestTrackList = 120;
 constexpr int kUsualCdListShare = 1;
 constexpr int kUsualTrackListShare = 2;
 
+std::u16string withoutMark(std::u16string_view caption) {
+    std::u16string text(caption);
+    std::erase(text, u'&');
+    return text;
+}
+
 }  // namespace
 
 FrmMP3Arrange::FrmMP3Arrange(HWND window) : window_(window), tips_(window) {
     ui::ownDpiChanges(window_);
+    nameControls();
     dpiChanged();
+}
+
+void FrmMP3Arrange::nameControls() {
+    for (const ActionButton& button : kActionButtons)
+        ui::setAccessibleName(control(button.control), withoutMark(button.Tag));
+    for (const auto& [which, text] : kSigns) {
+        ui::setAccessibleName(control(which), text);
+        tips_.set(control(which), text);
+    }
+    tips_.set(control(Control::CheckAutoRefresh),
+              u"Actualiser la liste des morceaux dès qu’un filtre change");
 }
 
 HWND FrmMP3Arrange::control(HWND window, Control which) {
@@ -226,7 +253,7 @@ void FrmMP3Arrange::placeAll() const {
     HDWP moves = BeginDeferWindowPos(static_cast<int>(kIds.size() + kFormatBoxes));
     const auto move = [&moves](HWND child, const platform::Box& box) {
         moves = DeferWindowPos(moves, child, nullptr, box.left, box.top, box.width, box.height,
-                               SWP_NOZORDER | SWP_NOACTIVATE);
+                               SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
     };
     for (size_t i = 0; i < kIds.size(); ++i)
         move(control(static_cast<Control>(i)), layout_.boxes[i]);
@@ -234,7 +261,8 @@ void FrmMP3Arrange::placeAll() const {
         move(GetDlgItem(window_, FrmMP3_CheckFormat0 + static_cast<int>(k)),
              layout_.formatBoxes[k]);
     EndDeferWindowPos(moves);
-    InvalidateRect(window_, nullptr, TRUE);
+    RedrawWindow(window_, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
 }
 
 void FrmMP3Arrange::moveSplit(int distance) {

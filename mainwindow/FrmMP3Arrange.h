@@ -37,6 +37,7 @@ class FrmMP3Arrange {
   private:
     HWND control(Control which) const { return control(window_, which); }
     int px(int designPixels) const;
+    void nameControls();
     Size naturalSize(Control which, HFONT bandFont) const;
     LayoutInput measure(bool compact, HFONT bandFont) const;
     // The usual font, or the small one when the first row would not fit in it.
