@@ -117,7 +117,7 @@ class Medium {
 
   private:
     fs::path newFolder(const fs::path& parent, const std::string& name) {
-        const fs::path folder = parent / (name + " " + std::to_string(++folders_));
+        fs::path folder = parent / (name + " " + std::to_string(++folders_));
         fs::create_directories(folder);
         return folder;
     }
