@@ -22,8 +22,9 @@ class File {
     // Returns once everything written so far is on the medium.
     virtual void flush() = 0;
     // A read-only view of the first `size` bytes that shows later writes made through this object;
-    // valid until the next call of map() or the end of the file object. The file may grow meanwhile;
-    // it must not be made smaller than `size` while the view is used (call map(0) first).
+    // valid until the next call of map() or the end of the file object. The file may grow
+    // meanwhile; it must not be made smaller than `size` while the view is used (call map(0)
+    // first).
     virtual std::span<const uint8_t> map(uint64_t size) = 0;
 };
 
