@@ -134,10 +134,10 @@ class PlannerTest : public testing::TestWithParam<CacheLimits> {
 };
 
 TEST_P(PlannerTest, AnswersAsThePagesDoWhateverChanges) {
-    for (int i = 0; i < 1200; ++i)
+    for (int i = 0; i < 600; ++i)
         addRow();
     cache_ = std::make_unique<TableCache>(*table_, order_, GetParam());
-    for (int i = 0; i < 400; ++i) {
+    for (int i = 0; i < 150; ++i) {
         ASSERT_NO_FATAL_FAILURE(check(query()));
         for (size_t changes = below(6); changes > 0; --changes)
             below(3) == 0 ? removeRow() : addRow();
@@ -145,16 +145,16 @@ TEST_P(PlannerTest, AnswersAsThePagesDoWhateverChanges) {
 }
 
 TEST_P(PlannerTest, AnswersAsThePagesDoAfterManyChanges) {
-    for (int i = 0; i < 1500; ++i)
+    for (int i = 0; i < 1100; ++i)
         addRow();
     cache_ = std::make_unique<TableCache>(*table_, order_, GetParam());
     for (int i = 0; i < 40; ++i)
         ASSERT_NO_FATAL_FAILURE(check(query()));
-    for (int i = 0; i < 1000; ++i) {
+    for (int i = 0; i < 600; ++i) {
         addRow();
         removeRow();
     }
-    for (int i = 0; i < 100; ++i)
+    for (int i = 0; i < 60; ++i)
         ASSERT_NO_FATAL_FAILURE(check(query()));
     while (!rows_.empty())
         removeRow();

@@ -1,0 +1,124 @@
+#include "jet/tablecache.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "jet/store.h"
+#include "tests/fakes/memoryfilestore.h"
+
+namespace jet {
+namespace {
+
+constexpr std::u16string_view kPath = u"C:\\Brivantole.mdb";
+
+class TableCacheTest : public testing::Test {
+  protected:
+    void SetUp() override {
+        std::ifstream shipped(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary);
+        files_.add(kPath, std::string(std::istreambuf_iterator<char>(shipped), {}));
+        store_ = Store::open(files_, kPath);
+        table_ = &store_->table(u"ListDonnees");
+        store_->begin();
+    }
+
+    RowId addRow(const std::u16string& name, double size = 1) {
+        const std::vector<Value> values = {name, Null{}, Null{}, Null{}, size, u"CD", u"MP3"};
+        return table_->append(values);
+    }
+    void addRows(int count) {
+        for (int i = 0; i < count; ++i) {
+            const std::string digits = std::to_string(i);
+            addRow(u"Title " + std::u16string(digits.begin(), digits.end()), i);
+        }
+    }
+    const Column& column(std::u16string_view name) const {
+        return *table_->definition().find(name);
+    }
+    TableCache cache(const CacheLimits& limits = {}) const {
+        return TableCache(*table_, TextOrder::general4(), limits);
+    }
+
+    fakes::MemoryFileStore files_;
+    std::unique_ptr<Store> store_;
+    Table* table_ = nullptr;
+};
+
+TEST_F(TableCacheTest, KeepsEachColumnInItsForm) {
+    addRows(10);
+    TableCache all = cache();
+    EXPECT_NE(all.column(column(u"Taille"))->numbers(), nullptr);
+    EXPECT_NE(all.column(column(u"Type"))->dictionary(), nullptr);
+    EXPECT_EQ(all.column(column(u"Nom")), all.column(column(u"Nom")));
+    TableCache few = cache({.dictionaryTexts = 9});
+    EXPECT_NE(few.column(column(u"Nom"))->texts(), nullptr);
+    EXPECT_NE(few.column(column(u"Type"))->dictionary(), nullptr);
+}
+
+TEST_F(TableCacheTest, RefusesWhatIsBeyondItsBound) {
+    addRows(5000);
+    TableCache tight = cache({.bytesPerRow = 13});
+    EXPECT_NE(tight.column(column(u"Type")), nullptr);
+    EXPECT_EQ(tight.column(column(u"Taille")), nullptr);
+    EXPECT_EQ(tight.ranking(column(u"Type")), nullptr);
+    EXPECT_EQ(tight.ranking(column(u"Taille")), nullptr);
+    TableCache wide = cache({.bytesPerRow = 24});
+    EXPECT_NE(wide.column(column(u"Taille")), nullptr);
+    EXPECT_NE(wide.ranking(column(u"Taille")), nullptr);
+    EXPECT_EQ(wide.column(column(u"Nom")), nullptr);
+}
+
+TEST_F(TableCacheTest, TakesInRowsThatAreAdded) {
+    const RowId first = addRow(u"b");
+    TableCache rows = cache();
+    ASSERT_EQ(rows.ranking(column(u"Nom"))->rows(), (std::vector<uint32_t>{0}));
+    const RowId second = addRow(u"a");
+    rows.rowAdded(second);
+    EXPECT_EQ(rows.freshRanking(column(u"Nom")), nullptr);
+    EXPECT_EQ(rows.ranking(column(u"Nom"))->rows(), (std::vector<uint32_t>{1, 0}));
+    EXPECT_EQ(rows.ids(), (std::vector<RowId>{first, second}));
+    rows.rowRemoved(second);
+    rows.rowRemoved(first);
+    EXPECT_EQ(rows.live().size(), 0u);
+    EXPECT_EQ(rows.live().limit(), 2u);
+}
+
+TEST_F(TableCacheTest, TellsRowsOfTheSameIdentityApart) {
+    const RowId id = addRow(u"a");
+    TableCache rows = cache();
+    rows.rowRemoved(id);
+    rows.rowAdded(id);
+    EXPECT_TRUE(rows.live().contains(1));
+    EXPECT_FALSE(rows.live().contains(0));
+    rows.rowRemoved(id);
+    EXPECT_EQ(rows.live().size(), 0u);
+}
+
+TEST_F(TableCacheTest, WearsOut) {
+    addRows(10);
+    TableCache rows = cache();
+    const RowId id = rows.ids().front();
+    for (int i = 0; i < 2048; ++i) {
+        EXPECT_FALSE(rows.isWorn());
+        rows.rowRemoved(id);
+        rows.rowAdded(id);
+    }
+    rows.rowRemoved(id);
+    EXPECT_TRUE(rows.isWorn());
+}
+
+TEST_F(TableCacheTest, ReadsAColumnAfterRowsWereRemoved) {
+    const RowId first = addRow(u"a", 1);
+    addRow(u"b", 2);
+    TableCache rows = cache();
+    table_->remove(first);
+    rows.rowRemoved(first);
+    const CachedColumn* sizes = rows.column(column(u"Taille"));
+    ASSERT_EQ(sizes->count(), 2u);
+    EXPECT_EQ((*sizes->numbers())[1], 2);
+}
+
+}  // namespace
+}  // namespace jet

@@ -1,0 +1,67 @@
+#include "jet/textindex.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jet {
+namespace {
+
+class TextIndexTest : public testing::Test {
+  protected:
+    void add(std::u16string_view text) {
+        std::vector<uint8_t> folded;
+        folder_.fold(text, folded);
+        ASSERT_TRUE(texts_.append(folded));
+    }
+    std::vector<uint32_t> rows(std::u16string_view text) {
+        index_.update(texts_);
+        return index_.rowsEqualTo(text, texts_);
+    }
+    static std::u16string numbered(int number) {
+        const std::string digits = std::to_string(number);
+        return u"Title " + std::u16string(digits.begin(), digits.end());
+    }
+
+    TextFolder folder_{TextOrder::general4()};
+    FoldedTexts texts_;
+    TextIndex index_{TextOrder::general4()};
+};
+
+TEST_F(TextIndexTest, FindsAllRowsOfAText) {
+    add(u"Intro");
+    add(u"Other");
+    texts_.appendNull();
+    add(u"INTRO ");
+    add(u"");
+    EXPECT_EQ(rows(u"intro"), (std::vector<uint32_t>{3, 0}));
+    EXPECT_EQ(rows(u"  "), (std::vector<uint32_t>{4}));
+    EXPECT_EQ(rows(u"none"), std::vector<uint32_t>());
+}
+
+TEST_F(TextIndexTest, LigaturesEqualTheirLetters) {
+    add(u"\u0152uvre");
+    add(u"oeuvre");
+    EXPECT_EQ(rows(u"OEUVRE"), (std::vector<uint32_t>{1, 0}));
+    EXPECT_EQ(rows(u"\u0153uvre"), (std::vector<uint32_t>{1, 0}));
+}
+
+TEST_F(TextIndexTest, AnEmptyOneFindsNothing) {
+    EXPECT_EQ(rows(u"x"), std::vector<uint32_t>());
+}
+
+TEST_F(TextIndexTest, GrowsWithItsTexts) {
+    for (int i = 0; i < 5000; ++i) {
+        add(numbered(i % 2000));
+        if (i % 37 == 0) index_.update(texts_);
+    }
+    for (int i = 0; i < 2000; ++i)
+        ASSERT_EQ(rows(numbered(i)).size(), i < 1000 ? 3u : 2u) << i;
+    EXPECT_EQ(rows(numbered(3)), (std::vector<uint32_t>{4003, 2003, 3}));
+    EXPECT_LE(index_.bytes(), 2 * TextIndex::bytesFor(5000));
+}
+
+}  // namespace
+}  // namespace jet
