@@ -28,8 +28,7 @@ TEST_F(Playback, StartsThePlayerOnOneFile) {
     playFile(programs_, settings_, u"E:\\a b.mp3");
     ASSERT_EQ(programs_.started.size(), 1U);
     EXPECT_EQ(programs_.started[0].program, u"C:\\Program Files\\lecteur.exe");
-    EXPECT_EQ(programs_.started[0].commandLine,
-              u"C:\\Program Files\\lecteur.exe \"E:\\a b.mp3\"");
+    EXPECT_EQ(programs_.started[0].commandLine, u"C:\\Program Files\\lecteur.exe \"E:\\a b.mp3\"");
 }
 
 TEST_F(Playback, WritesTheFilesAndStartsThePlayerOnTheList) {
