@@ -68,13 +68,24 @@ void FrmMP3::show() {
 bool FrmMP3::translate(MSG& message) {
     if (TranslateAcceleratorW(window(), accelerators_.get(), &message)) return true;
     if (message.message == WM_KEYDOWN && onKeyDown(message.hwnd, message.wParam)) return true;
-    if (message.message == WM_RBUTTONDOWN && message.hwnd == item(FrmMP3_List1)) {
-        // The row under the pointer: its number, and above it whether the pointer is past the rows.
-        const LRESULT place = SendMessageW(message.hwnd, LB_ITEMFROMPOINT, 0, message.lParam);
-        if (HIWORD(place) == 0) List1_RightClick(LOWORD(place));
-        return true;
+    // The second of two quick presses comes under a name of its own.
+    if (message.message == WM_RBUTTONDOWN || message.message == WM_RBUTTONDBLCLK) {
+        if (onRightMouseDown(message.hwnd, message.lParam)) return true;
     }
     return Dialog::translate(message);
+}
+
+bool FrmMP3::onRightMouseDown(HWND control, LPARAM place) {
+    if (control == item(FrmMP3_List1)) {
+        if (const auto row = ui::listBoxRowAt(control, place)) List1_RightClick(*row);
+        return true;
+    }
+    if (control == item(FrmMP3_DBList2)) {
+        // Not left to the list view, which would wait for the release itself.
+        if (const auto row = tracks_->list().rowAt(place)) DBList2_RightMouseDown(*row);
+        return true;
+    }
+    return false;
 }
 
 bool FrmMP3::onKeyDown(HWND control, WPARAM key) {

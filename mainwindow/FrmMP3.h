@@ -9,6 +9,7 @@
 
 #include "catalogue/settings.h"
 #include "jet/database.h"
+#include "mainwindow/FrmInfoTitre.h"
 #include "mainwindow/FrmMP3Arrange.h"
 #include "mainwindow/FrmMP3Formats.h"
 #include "mainwindow/FrmMP3Look.h"
@@ -56,6 +57,7 @@ class FrmMP3 : public platform::win32::Dialog {
     // Handlers, named after control and event.
     void List1_Click();
     void List1_RightClick(int row);
+    void DBList2_RightMouseDown(size_t row);
     void ComNouveau_Click();
     void menuscan_Click();
     void menusupprimer_Click();
@@ -68,6 +70,8 @@ class FrmMP3 : public platform::win32::Dialog {
 
     void onClick(int id);
     bool onKeyDown(HWND control, WPARAM key);
+    // `place`: as the message has it.
+    bool onRightMouseDown(HWND control, LPARAM place);
     void onDpiChanged(const RECT& suggested);
     std::optional<LRESULT> onStaticColours(HDC dc, HWND control) const;
 
@@ -99,6 +103,7 @@ class FrmMP3 : public platform::win32::Dialog {
     std::optional<FrmMP3Formats> formats_;
     std::optional<platform::win32::EditFilter> searchFilter_;
     FrmMP3Look look_;
+    FrmInfoTitre infoTitre_;
     bool unloaded_ = false;
 };
 

@@ -37,6 +37,12 @@ void FrmMP3Tracks::DBList2_DblClick(const TrackPlayer& player) {
              player.settings, *recordset_);
 }
 
+TrackInfo FrmMP3Tracks::info(size_t row, const platform::System& system,
+                             const catalogue::Settings& settings) {
+    recordset_->setAbsolutePosition(row);
+    return trackInfo(*recordset_, settings.CdRomDrive, system.decimalSeparator);
+}
+
 void FrmMP3Tracks::close() {
     list_.setCount(0);
     recordset_->Close();

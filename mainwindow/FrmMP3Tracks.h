@@ -9,6 +9,7 @@
 
 #include "jet/database.h"
 #include "mainwindow/playing.h"
+#include "mainwindow/trackinfo.h"
 #include "mainwindow/trackquery.h"
 #include "platform/system.h"
 #include "platform/win32/ui/virtuallist.h"
@@ -35,6 +36,8 @@ class FrmMP3Tracks {
     void DBList2_Click(const TrackPlayer& player);
     // Plays the whole list.
     void DBList2_DblClick(const TrackPlayer& player);
+    // The details of the track in that row.
+    TrackInfo info(size_t row, const platform::System& system, const catalogue::Settings& settings);
     // What is exported: the shown rows and the column of theirs that the list shows.
     jet::Recordset& recordset() { return *recordset_; }
     const std::u16string& displayedField() const { return displayedField_; }

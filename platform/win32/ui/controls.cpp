@@ -48,6 +48,12 @@ void chooseInListBox(HWND list, int row) {
     SendMessageW(list, LB_SETCURSEL, static_cast<WPARAM>(row), 0);
 }
 
+std::optional<int> listBoxRowAt(HWND list, LPARAM place) {
+    // The row's number, and above it whether the place is beside the rows.
+    const LRESULT row = SendMessageW(list, LB_ITEMFROMPOINT, 0, place);
+    return HIWORD(row) == 0 ? std::optional<int>(LOWORD(row)) : std::nullopt;
+}
+
 std::u16string listBoxText(HWND list, int row) {
     const LRESULT length = SendMessageW(list, LB_GETTEXTLEN, static_cast<WPARAM>(row), 0);
     if (length == LB_ERR) return {};

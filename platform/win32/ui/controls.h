@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,8 @@ void fillListBox(HWND list, const std::vector<std::u16string>& rows);
 // The chosen row, -1 for none.
 int listBoxChoice(HWND list);
 void chooseInListBox(HWND list, int row);
+// The row under a place that a mouse message tells; none beside the rows.
+std::optional<int> listBoxRowAt(HWND list, LPARAM place);
 // The text of a list box's row; empty for a row that is not there.
 std::u16string listBoxText(HWND list, int row);
 

@@ -1,5 +1,7 @@
 #include "platform/win32/ui/virtuallist.h"
 
+#include <windowsx.h>
+
 #include "platform/win32/wide.h"
 
 namespace platform::win32 {
@@ -56,6 +58,13 @@ void VirtualList::clearSelection() {
 
 std::optional<size_t> VirtualList::selected() const {
     const int row = ListView_GetNextItem(list_, -1, LVNI_SELECTED);
+    return row < 0 ? std::nullopt : std::optional<size_t>(static_cast<size_t>(row));
+}
+
+std::optional<size_t> VirtualList::rowAt(LPARAM place) const {
+    LVHITTESTINFO test{};
+    test.pt = {GET_X_LPARAM(place), GET_Y_LPARAM(place)};
+    const int row = ListView_HitTest(list_, &test);
     return row < 0 ? std::nullopt : std::optional<size_t>(static_cast<size_t>(row));
 }
 
