@@ -88,7 +88,7 @@ void PlayersEditor::ListPlayers_Click(std::u16string_view name) {
     TextChemin_ = settings_.PlayerTable(chosen, pathColumn);
 }
 
-PlayerBox PlayersEditor::CommandAjouter_Click() {
+bool PlayersEditor::CommandAjouter_Click() {
     trimBoxes();
     TextNom_ = base::upperFirst(TextNom_);
     int16_t target = 0;
@@ -104,7 +104,7 @@ PlayerBox PlayersEditor::CommandAjouter_Click() {
     } catch (const base::Error&) {
         messages_.show(u"Le nom de fichier du lecteur n'est pas valide !", u"Fichier incorrect",
                        platform::MessageFlags::OkOnly);
-        return PlayerBox::TextChemin;
+        return false;
     }
     if (added && settings_.NbPlayers == 1) {
         settings_.CurrentPlayerName = TextNom_;
@@ -117,10 +117,10 @@ PlayerBox PlayersEditor::CommandAjouter_Click() {
     settings_.PlayerTable(target, pathColumn) = TextChemin_;
     TextNom_.clear();
     TextChemin_.clear();
-    return PlayerBox::TextNom;
+    return true;
 }
 
-PlayerBox PlayersEditor::CommandSupprimer_Click() {
+bool PlayersEditor::CommandSupprimer_Click() {
     trimBoxes();
     const int16_t found = firstPlayer(settings_, [this](int16_t row) {
         return settings_.PlayerTable(row, nameColumn) == TextNom_ &&
@@ -128,7 +128,7 @@ PlayerBox PlayersEditor::CommandSupprimer_Click() {
     });
     TextNom_.clear();
     TextChemin_.clear();
-    if (found == 0) return PlayerBox::TextNom;
+    if (found == 0) return false;
 
     // A current player behind the deleted row is pushed along to the old last row; playing goes by
     // PlayerPath, which stays right.
@@ -145,7 +145,7 @@ PlayerBox PlayersEditor::CommandSupprimer_Click() {
     }
     if (firstNamed(settings_, settings_.CurrentPlayerName) == 0)
         showRow(settings_, settings_.NbPlayers);
-    return PlayerBox::TextNom;
+    return true;
 }
 
 void PlayersEditor::CommandOK_Click(std::u16string_view name) {

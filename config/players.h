@@ -32,11 +32,7 @@ std::vector<std::u16string> FillPlayersList(const catalogue::Settings& settings)
 // double quotation mark. Full paths come from the file dialog.
 char16_t pathKey(char16_t typed);
 
-// The box that takes the focus after a handler.
-enum class PlayerBox { None, TextNom, TextChemin };
-
-// The window's state. Each handler changes it and the settings; the form shows it afterwards,
-// refills its list with FillPlayersList and colours the label with ShowPlayerState.
+// The window's state. Each handler changes it and the settings; the form shows it afterwards.
 class PlayersEditor {
   public:
     // All three must outlive the editor.
@@ -53,11 +49,13 @@ class PlayersEditor {
 
     // `name`: the selected entry.
     void ListPlayers_Click(std::u16string_view name);
-    // Adds the player, or overwrites the first with this name or this path. An executable that
-    // cannot be opened and a full table change nothing but the boxes, and are told.
-    PlayerBox CommandAjouter_Click();
-    // Deletes the first player that has this name and this path.
-    PlayerBox CommandSupprimer_Click();
+    // Adds the player, or overwrites the first with this name or this path. False, and the user is
+    // told, when the executable cannot be opened or the table is full: nothing but the boxes has
+    // changed, and it is TextChemin that wants another look.
+    bool CommandAjouter_Click();
+    // Deletes the first player that has this name and this path; false when there is none. The
+    // boxes are empty either way.
+    bool CommandSupprimer_Click();
     // Makes the selected entry the current player; an empty selection changes nothing.
     void CommandOK_Click(std::u16string_view name);
 

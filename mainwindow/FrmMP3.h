@@ -61,6 +61,7 @@ class FrmMP3 : public platform::win32::Dialog {
     void ComNouveau_Click();
     void menuscan_Click();
     void menusupprimer_Click();
+    void menuChemin_Click();
     void MenExt_Click();
     void raccourciRecherche_Click();
     void comcopier_Click();

@@ -3,7 +3,6 @@
 
 #include "catalogue/cdlist.h"
 #include "catalogue/cdromdrive.h"
-#include "config/FrmExtension.h"
 #include "config/players.h"
 #include "mainwindow/FrmMP3.h"
 #include "mainwindow/FrmMP3.ids.h"
@@ -46,6 +45,10 @@ void FrmMP3::onClick(int id) {
             break;
         case FrmMP3_menuquitter:
             onClose();
+            break;
+        case FrmMP3_menuChemin:
+        case FrmMP3_LabelLecteur:
+            menuChemin_Click();
             break;
         case FrmMP3_MenExt:
             MenExt_Click();
@@ -194,36 +197,6 @@ void FrmMP3::menusupprimer_Click() {
     }
     forgetCd();
     fillCdList();
-}
-
-void FrmMP3::ComNouveau_Click() {
-    if (!scan::FrmNouveauCD(scanProgram()).addCd(window())) return;
-    fillCdList();
-    chooseCd(program_.settings.ScanCdName);
-    ui::setFocus(item(FrmMP3_List1));
-}
-
-void FrmMP3::menuscan_Click() {
-    if (cdRow() <= kAllCdsRow) return;
-    const std::u16string name = cdName();
-    if (!scan::FrmNouveauCD(scanProgram()).rescan(window(), name)) return;
-    // A CD without music any more leaves the list.
-    fillCdList();
-    chooseCd(name);
-}
-
-scan::FrmNouveauCD::Program FrmMP3::scanProgram() const {
-    return {program_.system, program_.settings, program_.catalogue, program_.scanState,
-            program_.AppPath};
-}
-
-void FrmMP3::MenExt_Click() {
-    config::FrmExtension dialog(program_.settings, program_.system.messages, [this] {
-        formats_->listChanged();
-        RefreshTrackList();
-    });
-    dialog.create(window());
-    dialog.runModal();
 }
 
 void FrmMP3::raccourciRecherche_Click() {
