@@ -32,7 +32,7 @@ void prepareControls() {
 
 Program::Program()
     : codePage_(win32::systemCodePage()),
-      system_{files_, drives_, messages_, programs_, codePage_, win32::decimalSeparator()},
+      system_{files_, drives_, messages_, programs_, copier_, codePage_, win32::decimalSeparator()},
       AppPath_(catalogue::AppPath(currentDirectory())),
       catalogue_(catalogue::OpenCatalogue(fileStore_, AppPath_)),
       settings_(catalogue::LoadSettings(files_, drives_, AppPath_, codePage_)) {}

@@ -8,6 +8,7 @@
 #include "jet/database.h"
 #include "platform/system.h"
 #include "platform/win32/drives.h"
+#include "platform/win32/filecopier.h"
 #include "platform/win32/filestore.h"
 #include "platform/win32/filesystem.h"
 #include "platform/win32/programs.h"
@@ -33,6 +34,7 @@ class Program {
     platform::win32::Win32Drives drives_;
     platform::win32::Win32Messages messages_;
     platform::win32::Win32Programs programs_;
+    platform::win32::Win32FileCopier copier_;
     base::CodePage codePage_;
     platform::System system_;
     std::u16string AppPath_;

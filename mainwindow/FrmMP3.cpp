@@ -10,6 +10,7 @@
 #include "platform/win32/ui/dpi.h"
 #include "platform/win32/ui/place.h"
 #include "platform/win32/ui/report.h"
+#include "platform/win32/ui/windowsize.h"
 
 namespace mainwindow {
 namespace {
@@ -131,13 +132,13 @@ LRESULT FrmMP3::onNotify(const NMHDR& header) {
 std::optional<LRESULT> FrmMP3::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SIZING:
-            keepLeastSize(window(), wParam, *reinterpret_cast<RECT*>(lParam));
+            ui::keepLeastSize(leastSize(window()), wParam, *reinterpret_cast<RECT*>(lParam));
             return TRUE;
         case WM_SIZE:
             if (wParam != SIZE_MINIMIZED) Form_Resize();
             return 0;
         case kEnforceLeastSize:
-            enforceLeastSize(window());
+            ui::enforceLeastSize(window(), leastSize(window()));
             return 0;
         case WM_DPICHANGED:
             onDpiChanged(*reinterpret_cast<const RECT*>(lParam));
@@ -171,7 +172,8 @@ std::optional<LRESULT> FrmMP3::onStaticColours(HDC dc, HWND control) const {
 void FrmMP3::Form_Resize() {
     if (!arrange_ || IsIconic(window())) return;
     // Later: a window manager that is just telling of a new size would not hear of another.
-    if (isTooSmall(window())) PostMessageW(window(), kEnforceLeastSize, 0, 0);
+    if (ui::isSmaller(window(), leastSize(window())))
+        PostMessageW(window(), kEnforceLeastSize, 0, 0);
     arrange_->apply();
 }
 
@@ -200,6 +202,8 @@ void FrmMP3::collectSettings() {
 void FrmMP3::Form_Unload() {
     if (unloaded_) return;
     unloaded_ = true;
+    // An operation that is still on its way finds no catalogue any more.
+    program_.scanState.ScanAnswer = 1;
     try {
         collectSettings();
         catalogue::SaveSettings(program_.system.files, program_.AppPath, program_.system.codePage,

@@ -1,5 +1,7 @@
 #include "newcd/copying.h"
 
+#include <algorithm>
+
 #include "base/error.h"
 #include "newcd/conflictnames.h"
 #include "newcd/copytargets.h"
@@ -31,11 +33,36 @@ void chooseNewName(RunState& run, CopyWindow& window) {
     }
 }
 
+// The bytes of the chosen tracks, as the windows show them while files are copied.
+class CopiedBytes {
+  public:
+    CopiedBytes(const RunState& run, CopyWindow& window)
+        : window_(window), total_(run.SizeSums[SizeOfSelected]) {}
+
+    // Of the file in hand, which had `size` bytes when the medium was read, `done` are copied.
+    void show(int64_t done, int64_t size) {
+        window_.showAdvance(before_ + std::min(done, size), total_);
+    }
+    void fileDone(int64_t size) {
+        before_ += size;
+        window_.showAdvance(before_, total_);
+    }
+
+  private:
+    CopyWindow& window_;
+    int64_t total_;
+    int64_t before_ = 0;
+};
+
 // Gives false when the name was taken between the test and the copy's end.
 bool tryCopy(const RunTools& tools, const Track& track, std::u16string_view target,
-             CopyWindow& window) {
+             CopiedBytes& bytes, CopyWindow& window) {
     try {
-        tools.copier.copy(track.path, target, [&](uint64_t, uint64_t) { window.yield(); });
+        tools.copier.copy(track.path, target, [&](uint64_t done, uint64_t) {
+            bytes.show(static_cast<int64_t>(done), track.size);
+            window.yield();
+        });
+        bytes.fileDone(track.size);
         return true;
     } catch (const base::Error& error) {
         if (error.number() != base::ErrorNumber::FileAlreadyExists) throw;
@@ -43,7 +70,8 @@ bool tryCopy(const RunTools& tools, const Track& track, std::u16string_view targ
     }
 }
 
-void copyTrack(const RunTools& tools, RunState& run, const Track& track, CopyWindow& window) {
+void copyTrack(const RunTools& tools, RunState& run, const Track& track, CopiedBytes& bytes,
+               CopyWindow& window) {
     const CopyTarget target =
         copyTarget(tools.settings.CopyDestination, track.path, tools.settings.CopyOption3 != 0);
     createFolders(tools.copier, target);
@@ -52,7 +80,7 @@ void copyTrack(const RunTools& tools, RunState& run, const Track& track, CopyWin
         while (tools.copier.opens(pathIn(target.folder, run.CopyFileName)))
             chooseNewName(run, window);
         window.showProgress(copyProgress(track.path, track.title));
-        if (tryCopy(tools, track, pathIn(target.folder, run.CopyFileName), window)) return;
+        if (tryCopy(tools, track, pathIn(target.folder, run.CopyFileName), bytes, window)) return;
         chooseNewName(run, window);
     }
 }
@@ -77,12 +105,14 @@ bool copySelection(const RunTools& tools, RunState& run, CopyWindow& window) {
     window.showProgress(kCopyingText);
     window.enableStart(false);
     window.enableList(false);
+    CopiedBytes bytes(run, window);
     for (size_t position = 0; position < run.checked.size(); ++position) {
         if (!run.checked[position]) continue;
-        copyTrack(tools, run, run.tables.track(position + 1, 0), window);
+        copyTrack(tools, run, run.tables.track(position + 1, 0), bytes, window);
         window.yield();
         if (run.stopRequested()) return false;
     }
+    window.showAdvance(0, 0);
     window.showProgress(copiedSummary(copyResult(run, tools.decimalSeparator)));
     window.turnCancelIntoOk();
     window.enableList(true);

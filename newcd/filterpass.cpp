@@ -12,11 +12,14 @@ bool filterTracks(RunState& run, RunWindow& window, const std::function<void(siz
     for (size_t index = 0; index < run.workList.count(); ++index) {
         ++run.FoundCount;
         take(index);
-        if (const auto percent = percentage.change(run.FoundCount))
+        if (const auto percent = percentage.change(run.FoundCount)) {
             window.showProgress(filterProgress(*percent));
+            window.showAdvance(run.FoundCount, run.scan.ScanFileCount);
+        }
         window.yield();
         if (run.stopRequested()) return false;
     }
+    window.showAdvance(0, 0);
     return true;
 }
 

@@ -59,8 +59,10 @@ bool readMedium(const RunTools& tools, RunState& run, RunWindow& window) {
             run.workList.add(track.TrackTitle, path, track.TrackSize);
         }
         ++run.FoundCount;
-        if (const auto percent = percentage.change(run.FoundCount))
+        if (const auto percent = percentage.change(run.FoundCount)) {
             window.showProgress(analysisProgress(*percent));
+            window.showAdvance(run.FoundCount, run.scan.ScanFileCount);
+        }
         window.yield();
         if (run.stopRequested()) return false;
     }

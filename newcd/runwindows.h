@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace newcd {
@@ -12,6 +13,9 @@ class RunWindow {
     virtual ~RunWindow() = default;
     // Writes the progress label and repaints it at once.
     virtual void showProgress(std::u16string_view text) = 0;
+    // How far the phase under way is, out of `total` of what it counts (files, bytes); a total of 0
+    // means that there is nothing to show.
+    virtual void showAdvance(int64_t done, int64_t total) = 0;
     // Lets waiting events be handled, those of the window's buttons among them.
     virtual void yield() = 0;
     // The run is over: the cancel button reads "OK" and is the default and the cancel button.

@@ -3,6 +3,7 @@
 
 #include "base/codepage.h"
 #include "platform/drives.h"
+#include "platform/filecopier.h"
 #include "platform/filesystem.h"
 #include "platform/messages.h"
 #include "platform/programs.h"
@@ -14,6 +15,7 @@ struct System {
     Drives& drives;
     Messages& messages;
     Programs& programs;
+    FileCopier& copier;
     const base::CodePage& codePage;
     char16_t decimalSeparator;  // of the user's regional settings
 };

@@ -2,33 +2,19 @@
 
 #include <commctrl.h>
 
-#include <string_view>
-
+#include "base/filename.h"
 #include "base/text.h"
 #include "platform/win32/ui/controls.h"
 #include "scan/FrmNouveauCD.ids.h"
 
 namespace scan {
-namespace {
 
 namespace ui = platform::win32;
-
-// What a CD's name cannot hold; the keys for these do nothing.
-constexpr std::u16string_view kRefusedInNames = u"\\/:*?<>|\"";
-
-// How long the window may stay unpainted while a scan runs, milliseconds.
-constexpr ULONGLONG kAliveInterval = 40;
-
-char16_t nameKey(char16_t typed) {
-    return kRefusedInNames.find(typed) == std::u16string_view::npos ? typed : u'\0';
-}
-
-}  // namespace
 
 FrmNouveauCD::FrmNouveauCD(const Program& program) : Dialog(L"FrmNouveauCD"), program_(program) {}
 
 void FrmNouveauCD::onLoad() {
-    nameFilter_.emplace(item(FrmNouveauCD_TextNouveau), nameKey, ui::Paste::Filtered);
+    nameFilter_.emplace(item(FrmNouveauCD_TextNouveau), base::nameKey, ui::Paste::Filtered);
     drives_.emplace(item(FrmNouveauCD_DriveNouveau), program_.system.drives);
     drives_->fill(program_.settings.CdRomDrive);
     ui::setFocus(item(FrmNouveauCD_TextNouveau));
@@ -148,10 +134,7 @@ void FrmNouveauCD::setPercentage(int percent) {
 }
 
 void FrmNouveauCD::keepAlive() {
-    const ULONGLONG now = GetTickCount64();
-    if (now - lastAlive_ < kAliveInterval) return;
-    lastAlive_ = now;
-    ui::dispatchWaiting();
+    breather_.breathe();
 }
 
 }  // namespace scan

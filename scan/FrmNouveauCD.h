@@ -8,6 +8,7 @@
 #include "catalogue/settings.h"
 #include "jet/database.h"
 #include "platform/system.h"
+#include "platform/win32/ui/breather.h"
 #include "platform/win32/ui/dialog.h"
 #include "platform/win32/ui/drivelist.h"
 #include "platform/win32/ui/editfilter.h"
@@ -60,7 +61,7 @@ class FrmNouveauCD : public platform::win32::Dialog, private RescanView {
     std::optional<platform::win32::DriveList> drives_;
     std::optional<platform::win32::EditFilter> nameFilter_;
     bool scanning_ = false;
-    ULONGLONG lastAlive_ = 0;  // milliseconds since the system's start
+    platform::win32::Breather breather_;
 };
 
 }  // namespace scan

@@ -17,6 +17,9 @@ template <class Window>
 class FakeRunWindow : public Window {
   public:
     std::vector<std::u16string> labels;  // everything that the progress label has shown
+    // Every advance that was shown: what is done, of how much.
+    using Advance = std::pair<int64_t, int64_t>;
+    std::vector<Advance> advances;
     size_t yields = 0;
     bool cancelIsOk = false;
     // What the user does at a yield; its number is counted from 1.
@@ -25,6 +28,7 @@ class FakeRunWindow : public Window {
     const std::u16string& label() const { return labels.back(); }
 
     void showProgress(std::u16string_view text) override { labels.emplace_back(text); }
+    void showAdvance(int64_t done, int64_t total) override { advances.emplace_back(done, total); }
     void yield() override { atYield(++yields); }
     void turnCancelIntoOk() override { cancelIsOk = true; }
 };

@@ -235,6 +235,28 @@ TEST_F(CopyingTest, KeepsTheWindowAliveDuringALongFile) {
     EXPECT_EQ(window.yields, 3U);  // half of the file, all of it, after it
 }
 
+TEST_F(CopyingTest, ShowsItsAdvanceInBytes) {
+    addListed(u"Un", u"E:\\1.mid");
+    addListed(u"Deux", u"E:\\2.mid", false);
+    addListed(u"Trois", u"E:\\3.mid");
+    copyAll();
+    EXPECT_EQ(window.advances, (std::vector<std::pair<int64_t, int64_t>>{{512, 2048},
+                                                                        {1024, 2048},
+                                                                        {1024, 2048},
+                                                                        {1536, 2048},
+                                                                        {2048, 2048},
+                                                                        {2048, 2048},
+                                                                        {0, 0}}));
+}
+
+TEST_F(CopyingTest, AFileThatHasGrownAdvancesByWhatItHad) {
+    addListed(u"Un", u"E:\\1.mid");
+    addListed(u"Deux", u"E:\\2.mid");
+    files.addFile(u"E:\\1.mid", std::string(5000, 'y'));
+    copyAll();
+    EXPECT_EQ(window.advances.front(), (std::pair<int64_t, int64_t>{1024, 2048}));
+}
+
 TEST_F(CopyingTest, StopDuringAFileCountsAfterIt) {
     addListed(u"Un", u"E:\\1.mid");
     addListed(u"Deux", u"E:\\2.mid");

@@ -49,6 +49,13 @@ TEST_F(FilterPassTest, RewritesTheLabelOnlyWhenTheWholePercentageChanges) {
     EXPECT_EQ(window.labels.back(), u"Filtrage des morceaux en cours... 100%");
 }
 
+TEST_F(FilterPassTest, ShowsItsAdvanceAndThenNone) {
+    addTracks(2);
+    scanState.ScanFileCount = 3;
+    filterTracks(run, window, [](size_t) {});
+    EXPECT_EQ(window.advances, (std::vector<std::pair<int64_t, int64_t>>{{1, 3}, {2, 3}, {0, 0}}));
+}
+
 TEST_F(FilterPassTest, StopsAfterTheYieldThatAsksForIt) {
     addTracks(5);
     scanState.ScanFileCount = 5;

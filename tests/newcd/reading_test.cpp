@@ -59,6 +59,8 @@ TEST_F(ReadingTest, ShowsWaitingThenThePercentageOfTheLines) {
                                  u"Analyse des morceaux en cours... 75%",
                                  u"Analyse des morceaux en cours... 100%",
                              }));
+    EXPECT_EQ(window.advances,
+              (std::vector<std::pair<int64_t, int64_t>>{{1, 4}, {2, 4}, {3, 4}, {4, 4}}));
 }
 
 TEST_F(ReadingTest, RewritesTheLabelOnlyWhenTheWholePercentageChanges) {

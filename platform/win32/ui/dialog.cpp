@@ -133,7 +133,8 @@ INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return TRUE;
         case WM_CLOSE:
-            onClose();
+            // Behind a modal window there is no frame to be closed by; the system asks all the same.
+            if (IsWindowEnabled(window_)) onClose();
             return TRUE;
         case WM_NOTIFY: {
             const LRESULT answer = onNotify(*reinterpret_cast<const NMHDR*>(lParam));

@@ -42,6 +42,12 @@ void moveWindow(HWND window, const Box& box) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void shiftControl(HWND control, int right, int down) {
+    const Box box = controlBox(control);
+    SetWindowPos(control, nullptr, box.left + right, box.top + down, 0, 0,
+                 SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 void placeOverOwner(HWND window) {
     const HWND owner = GetWindow(window, GW_OWNER);
     const bool overOwner = owner && IsWindowVisible(owner) && !IsIconic(owner);
