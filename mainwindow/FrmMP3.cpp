@@ -1,5 +1,6 @@
 #include "mainwindow/FrmMP3.h"
 
+#include <array>
 #include <exception>
 
 #include "catalogue/settingsfile.h"
@@ -45,7 +46,7 @@ void FrmMP3::onLoad() {
 void FrmMP3::applySettings() {
     const catalogue::Settings& settings = program_.settings;
     showPlayer();
-    look_.apply(settings.Look, item(FrmMP3_List1), tracks_->list());
+    look_.emplace(window(), settings.Look, std::array{item(FrmMP3_List1), item(FrmMP3_DBList2)});
     ui::setChecked(item(FrmMP3_Option1), settings.Option1);
     ui::setChecked(item(FrmMP3_Option2), settings.Option2);
     ui::setChecked(item(FrmMP3_Option3), settings.Option3);
@@ -143,21 +144,20 @@ std::optional<LRESULT> FrmMP3::onMessage(UINT message, WPARAM wParam, LPARAM lPa
         case WM_DPICHANGED:
             onDpiChanged(*reinterpret_cast<const RECT*>(lParam));
             return 0;
-        case WM_CTLCOLORLISTBOX:
-            return reinterpret_cast<LRESULT>(look_.listBoxColours(reinterpret_cast<HDC>(wParam)));
         case WM_CTLCOLORSTATIC:
             return onStaticColours(reinterpret_cast<HDC>(wParam), reinterpret_cast<HWND>(lParam));
         case WM_ENDSESSION:
             if (wParam) Form_Unload();
             return 0;
         default:
-            return std::nullopt;
+            if (message != ui::dialogHelpMessage()) return std::nullopt;
+            showColourHelp();
+            return TRUE;
     }
 }
 
 void FrmMP3::onDpiChanged(const RECT& suggested) {
     arrange_->dpiChanged();
-    look_.apply(program_.settings.Look, item(FrmMP3_List1), tracks_->list());
     ui::moveWindow(window(), ui::boxOf(suggested));
     Form_Resize();
 }

@@ -10,15 +10,17 @@
 #include "catalogue/settings.h"
 #include "jet/database.h"
 #include "mainwindow/FrmInfoTitre.h"
+#include "mainwindow/FrmListLook.h"
 #include "mainwindow/FrmMP3Arrange.h"
 #include "mainwindow/FrmMP3Formats.h"
-#include "mainwindow/FrmMP3Look.h"
 #include "mainwindow/FrmMP3Splitter.h"
 #include "mainwindow/FrmMP3Tracks.h"
 #include "mainwindow/exporting.h"
+#include "mainwindow/look.h"
 #include "platform/system.h"
 #include "platform/win32/ui/dialog.h"
 #include "platform/win32/ui/editfilter.h"
+#include "platform/win32/ui/lookdialogs.h"
 #include "scan/FrmNouveauCD.h"
 #include "scan/scanstate.h"
 
@@ -66,6 +68,9 @@ class FrmMP3 : public platform::win32::Dialog {
     void raccourciRecherche_Click();
     void comcopier_Click();
     void comsave_Click();
+    void menufontes_Click();
+    void menucouleurfontes_Click();
+    void menucouleurfond_Click();
     void Form_Resize();
     void Form_Unload();
 
@@ -75,6 +80,10 @@ class FrmMP3 : public platform::win32::Dialog {
     bool onRightMouseDown(HWND control, LPARAM place);
     void onDpiChanged(const RECT& suggested);
     std::optional<LRESULT> onStaticColours(HDC dc, HWND control) const;
+
+    // Lets the user change `colour`, one of the lists' two.
+    void chooseListColour(const ColourDialog& dialog, int32_t& colour);
+    void showColourHelp();
 
     void applySettings();
     void collectSettings();
@@ -103,8 +112,9 @@ class FrmMP3 : public platform::win32::Dialog {
     std::optional<FrmMP3Tracks> tracks_;
     std::optional<FrmMP3Formats> formats_;
     std::optional<platform::win32::EditFilter> searchFilter_;
-    FrmMP3Look look_;
     FrmInfoTitre infoTitre_;
+    std::optional<FrmListLook> look_;
+    platform::win32::CustomColours customColours_;
     bool unloaded_ = false;
 };
 

@@ -53,6 +53,15 @@ void FrmMP3::onClick(int id) {
         case FrmMP3_MenExt:
             MenExt_Click();
             break;
+        case FrmMP3_menufontes:
+            menufontes_Click();
+            break;
+        case FrmMP3_menucouleurfontes:
+            menucouleurfontes_Click();
+            break;
+        case FrmMP3_menucouleurfond:
+            menucouleurfond_Click();
+            break;
         case FrmMP3_raccourciRecherche:
             raccourciRecherche_Click();
             break;

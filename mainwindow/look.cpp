@@ -1,17 +1,12 @@
 #include "mainwindow/look.h"
 
+#include <algorithm>
+
 namespace mainwindow {
-namespace {
-
-FontChoice fontOf(const catalogue::ListLook& look) {
-    return {look.FontBold, look.FontItalic, look.FontName, look.FontSize};
-}
-
-}  // namespace
 
 FontDialog fontDialog(const catalogue::ListLook& look) {
     FontDialog dialog;
-    dialog.font = fontOf(look);
+    dialog.font = {look.FontBold, look.FontItalic, look.FontName, readableFontSize(look.FontSize)};
     dialog.colour = look.ForeColor;
     return dialog;
 }
@@ -28,37 +23,19 @@ ColourDialog backColourDialog(const catalogue::ListLook& look) {
     return dialog;
 }
 
-void chooseFont(const FontChoice& font, Lists& lists, catalogue::ListLook& look,
-                ChosenLook& chosen) {
+void chooseFont(const FontChoice& font, catalogue::ListLook& look) {
     look.FontBold = font.bold;
     look.FontItalic = font.italic;
     look.FontName = font.name;
     look.FontSize = font.size;
-    chosen.font = font;
-    for (const LookList list : kFontOrder)
-        lists.setFont(list, font);
 }
 
-void chooseTextColour(int32_t colour, Lists& lists, catalogue::ListLook& look, ChosenLook& chosen) {
-    look.ForeColor = colour;
-    chosen.textColour = colour;
-    for (const LookList list : kColourOrder)
-        lists.setTextColour(list, colour);
-}
-
-void chooseBackColour(int32_t colour, Lists& lists, catalogue::ListLook& look, ChosenLook& chosen) {
-    look.BackColor = colour;
-    chosen.backColour = colour;
-    for (const LookList list : kColourOrder)
-        lists.setBackColour(list, colour);
-}
-
-void applySavedLook(const catalogue::ListLook& look, Lists& lists) {
-    for (const LookList list : {LookList::List1, LookList::DBList2}) {
-        lists.setFont(list, fontOf(look));
-        lists.setTextColour(list, look.ForeColor);
-        lists.setBackColour(list, look.BackColor);
-    }
+int16_t readableFontSize(int16_t stored) {
+    constexpr int16_t usual = 9;
+    constexpr int16_t smallest = 5;
+    constexpr int16_t largest = 72;
+    if (stored <= 0) return usual;
+    return std::clamp(stored, smallest, largest);
 }
 
 }  // namespace mainwindow

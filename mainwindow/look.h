@@ -1,31 +1,12 @@
-// Font and colours of the program's lists: one choice for all of them.
+// Font and colours of the program's lists: one choice for all of them, kept in the settings.
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 
 #include "catalogue/settings.h"
 
 namespace mainwindow {
-
-// The lists that share the look.
-enum class LookList {
-    DBList2,           // of the main window
-    List1,             // of the main window: what is saved is its look
-    FrmInfoRechList1,  // of the search results
-    FrmInfoRechList2,
-    ListInfocopy,  // of the copy selection
-};
-
-// The order in which the lists take a new font, and a new colour.
-inline constexpr std::array<LookList, 5> kFontOrder = {
-    LookList::DBList2, LookList::List1, LookList::FrmInfoRechList1, LookList::FrmInfoRechList2,
-    LookList::ListInfocopy};
-inline constexpr std::array<LookList, 5> kColourOrder = {
-    LookList::DBList2, LookList::List1, LookList::ListInfocopy, LookList::FrmInfoRechList1,
-    LookList::FrmInfoRechList2};
 
 struct FontChoice {
     bool bold = false;
@@ -52,31 +33,17 @@ FontDialog fontDialog(const catalogue::ListLook& look);
 ColourDialog textColourDialog(const catalogue::ListLook& look);
 ColourDialog backColourDialog(const catalogue::ListLook& look);
 
-// The lists themselves. Those of a window that is not there take the look when it is next made.
-class Lists {
-  public:
-    virtual ~Lists() = default;
-    virtual void setFont(LookList list, const FontChoice& font) = 0;
-    virtual void setTextColour(LookList list, int32_t colour) = 0;
-    virtual void setBackColour(LookList list, int32_t colour) = 0;
-};
+// What the help button of the colour dialogs says.
+inline constexpr std::u16string_view kColourHelp =
+    u"La couleur choisie vaut pour toutes les listes du programme : la liste des CD, la liste des "
+    u"morceaux, les résultats d’une recherche et la sélection d’une copie.";
+inline constexpr std::u16string_view kColourHelpTitle = u"Couleur des listes";
 
-// What was chosen during this run: all that the secondary windows' lists differ in from their
-// design, since they take no saved look.
-struct ChosenLook {
-    std::optional<FontChoice> font;
-    std::optional<int32_t> textColour;
-    std::optional<int32_t> backColour;
-};
+// The lists take this font from now on; the colours stay.
+void chooseFont(const FontChoice& font, catalogue::ListLook& look);
 
-// A dialog was closed with OK: all lists take the choice, and `look`, which is saved, and `chosen`
-// remember it.
-void chooseFont(const FontChoice& font, Lists& lists, catalogue::ListLook& look,
-                ChosenLook& chosen);
-void chooseTextColour(int32_t colour, Lists& lists, catalogue::ListLook& look, ChosenLook& chosen);
-void chooseBackColour(int32_t colour, Lists& lists, catalogue::ListLook& look, ChosenLook& chosen);
-
-// At start only the main window's two lists take the saved look.
-void applySavedLook(const catalogue::ListLook& look, Lists& lists);
+// The size at which a font of this stored size is shown, points: a settings file from elsewhere
+// may hold one that nobody could read, or of which not one row would fit into a list.
+int16_t readableFontSize(int16_t stored);
 
 }  // namespace mainwindow

@@ -68,13 +68,6 @@ std::optional<size_t> VirtualList::rowAt(LPARAM place) const {
     return row < 0 ? std::nullopt : std::optional<size_t>(static_cast<size_t>(row));
 }
 
-void VirtualList::setColours(COLORREF text, COLORREF background) {
-    ListView_SetTextColor(list_, text);
-    ListView_SetTextBkColor(list_, background);
-    ListView_SetBkColor(list_, background);
-    redraw();
-}
-
 void VirtualList::fill(const NMHDR& header) {
     // The list expects its request to be filled in place.
     auto& request = *reinterpret_cast<NMLVDISPINFOW*>(const_cast<NMHDR*>(&header));

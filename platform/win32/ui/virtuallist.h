@@ -31,7 +31,6 @@ class VirtualList {
     std::optional<size_t> selected() const;
     // The row under a place that a mouse message tells; none below the rows.
     std::optional<size_t> rowAt(LPARAM place) const;
-    void setColours(COLORREF text, COLORREF background);
 
     // Answers the list's LVN_GETDISPINFO, which the dialog hands on: `header` begins the request.
     void fill(const NMHDR& header);

@@ -1,4 +1,5 @@
 """A screen and a Wine prefix of a test's own."""
+import collections
 import os
 import pathlib
 import shutil
@@ -153,6 +154,17 @@ class Desktop:
         path.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=False)
         return path
+
+    def colours(self, rect):
+        """The colours that a part of the screen shows, (red, green, blue) to its share of it."""
+        left, top, right, bottom = rect
+        run = subprocess.run(
+            ["import", "-window", "root", "-crop",
+             f"{right - left}x{bottom - top}+{left}+{top}", "-depth", "8", "rgb:-"],
+            env=self.environment, check=True, capture_output=True)
+        pixels = list(zip(*[iter(run.stdout)] * 3))
+        return {colour: count / len(pixels)
+                for colour, count in collections.Counter(pixels).items()}
 
     def close(self):
         if self.probe is not None:

@@ -208,6 +208,10 @@ class Control:
         left, top, right, bottom = self._ask("item", index)
         return left + min(20, (right - left) // 2), (top + bottom) // 2
 
+    def item_height(self, index=0):
+        _, top, _, bottom = self._ask("item", index)
+        return bottom - top
+
     def click_item(self, item, button=1, times=1):
         """Clicks an entry of a list box by its text."""
         index = self.wait(lambda: self.items().index(item) + 1 if item in self.items() else 0,

@@ -1,0 +1,43 @@
+// The main window's commands for the look of the lists. A cancelled dialog changes nothing.
+#include "mainwindow/FrmMP3.h"
+#include "mainwindow/look.h"
+
+namespace mainwindow {
+
+namespace ui = platform::win32;
+
+void FrmMP3::menufontes_Click() {
+    catalogue::ListLook& look = program_.settings.Look;
+    const FontDialog dialog = fontDialog(look);
+    const ui::DialogFont present = {dialog.font.name,     dialog.font.bold, dialog.font.italic,
+                                    dialog.strikeThrough, dialog.underline, dialog.font.size};
+    const auto chosen = ui::chooseFont(window(), present, colourOf(dialog.colour),
+                                       static_cast<DWORD>(dialog.flags));
+    if (!chosen) return;
+    chooseFont({chosen->bold, chosen->italic, chosen->name, static_cast<int16_t>(chosen->points)},
+               look);
+    FrmListLook::refreshEverywhere();
+}
+
+void FrmMP3::menucouleurfontes_Click() {
+    chooseListColour(textColourDialog(program_.settings.Look), program_.settings.Look.ForeColor);
+}
+
+void FrmMP3::menucouleurfond_Click() {
+    chooseListColour(backColourDialog(program_.settings.Look), program_.settings.Look.BackColor);
+}
+
+void FrmMP3::chooseListColour(const ColourDialog& dialog, int32_t& colour) {
+    const auto chosen = ui::chooseColour(window(), colourOf(dialog.colour),
+                                         static_cast<DWORD>(dialog.flags), customColours_);
+    if (!chosen) return;
+    colour = static_cast<int32_t>(*chosen);
+    FrmListLook::refreshEverywhere();
+}
+
+void FrmMP3::showColourHelp() {
+    program_.system.messages.show(kColourHelp, kColourHelpTitle,
+                                  platform::MessageFlags::Information);
+}
+
+}  // namespace mainwindow

@@ -1,0 +1,183 @@
+"""Font and colours of the lists."""
+import pytest
+
+from harness import settings
+from harness.steps import ALL, add_cd, choose_cd
+from harness.waiting import wait_for
+
+FONT = "Définir la taille et le type de fonte de caractères des listes"
+TEXT_COLOUR = "Définir la couleur de la fonte de caractères des listes"
+BACK_COLOUR = "Définir la couleur du fond des listes"
+
+# Controls of the system's dialogs.
+FACE, STYLE, SIZE = 1136, 1137, 1138
+RED, GREEN, BLUE = 706, 707, 708
+HELP = 1038
+
+LOOK = ("FontName", "FontBold", "FontItalic", "FontSize", "ForeColor", "BackColor")
+
+
+def dialog_of(main, command):
+    main.choose("Outils", command)
+    return main.program.message()
+
+
+def texts(dialog):
+    """What the dialog's fields show, by identifier."""
+    return {child["id"]: child["text"] for child in dialog.children()}
+
+
+def choose_font(main, face, size):
+    """The face box has the focus; Tab leads from it over the style to the size."""
+    dialog = dialog_of(main, FONT)
+    main.desktop.type(face)
+    wait_for(lambda: texts(dialog)[FACE] == face, face)
+    main.desktop.keys("Tab", "Tab")
+    main.desktop.type(str(size))
+    wait_for(lambda: texts(dialog)[SIZE] == str(size), f"size {size}")
+    dialog.answer("OK")
+
+
+def choose_colour(main, command, colour):
+    """Types the three parts of the colour; the first field has the focus already under some
+    systems and is clicked for the others."""
+    dialog = dialog_of(main, command)
+    for field, part in zip((RED, GREEN, BLUE), colour):
+        place = next(child["rect"] for child in dialog.children() if child["id"] == field)
+        main.desktop.click((place[0] + place[2]) // 2, (place[1] + place[3]) // 2, times=2)
+        main.desktop.type(str(part))
+        wait_for(lambda f=field, p=part: texts(dialog)[f] == str(p), f"{part} in its field")
+    dialog.answer("OK")
+
+
+def becomes_background(main, name, colour):
+    control = main.control(name)
+    wait_for(lambda: main.desktop.colours(control.rect).get(colour, 0) > 0.5,
+             f"{name} with the background {colour}")
+
+
+def shown_colours(main, name):
+    return main.desktop.colours(main.control(name).rect)
+
+
+def saved_look(program):
+    saved = settings.read(program.settings)
+    return tuple(saved[name] for name in LOOK)
+
+
+def set_look(program, face, bold, italic, size, fore, back):
+    """Writes a look into the settings file: the six lines after the players."""
+    lines = program.settings.read_bytes().split(b"\r\n")
+    first = lines.index(b"Tahoma")
+    lines[first:first + 6] = [face.encode("cp1252")] + [
+        (f" {value} " if value >= 0 else f"{value} ").encode()
+        for value in (bold, italic, size, fore, back)]
+    program.settings.write_bytes(b"\r\n".join(lines))
+
+
+def test_the_menu_names_the_three_commands(program):
+    main = program.open()
+    captions = [item["caption"] for item in main.menu_item("Outils")["items"]]
+    for caption in ("Définir la taille et le type de &fonte de caractères des listes",
+                    "Définir la couleur de la f&onte de caractères des listes",
+                    "Définir la couleur du fon&d des listes"):
+        assert caption in captions
+
+
+def test_a_font_changes_both_lists_at_once_and_lasts(program):
+    main = program.open()
+    add_cd(main, "Mon CD")
+    before = main.List1.item_height(), main.DBList2.item_height()
+    choose_font(main, "DejaVu Serif", 20)
+    wait_for(lambda: main.List1.item_height() > before[0] * 1.5, "larger rows of media")
+    assert main.DBList2.item_height() > before[1] * 1.5
+    after = main.List1.item_height(), main.DBList2.item_height()
+    program.quit()
+    assert saved_look(program) == ("DejaVu Serif", 0, 0, 20, 0, 0xFFFFFF)
+    again = program.open()
+    choose_cd(again, "Mon CD")
+    assert (again.List1.item_height(), again.DBList2.item_height()) == after
+
+
+def test_the_font_dialog_shows_the_present_font_and_its_colour_is_not_taken(program):
+    set_look(program, "Liberation Mono", 255, 255, 14, 0, 0xFFFFFF)
+    main = program.open()
+    dialog = dialog_of(main, FONT)
+    shown = texts(dialog)
+    assert (shown[FACE], shown[STYLE], shown[SIZE]) == ("Liberation Mono", "Gras italique", "14")
+    colour = next(child["rect"] for child in dialog.children() if child["id"] == 1139)
+    main.desktop.click((colour[0] + colour[2]) // 2, (colour[1] + colour[3]) // 2)
+    main.desktop.keys("Down", "Down", "Return")
+    wait_for(lambda: texts(dialog)[1139] != shown[1139], "another colour")
+    dialog.answer("OK")
+    program.quit()
+    assert saved_look(program) == ("Liberation Mono", 255, 255, 14, 0, 0xFFFFFF)
+
+
+def test_colours_change_both_lists_at_once_and_last(program):
+    main = program.open()
+    add_cd(main, "Mon CD")
+    choose_colour(main, BACK_COLOUR, (255, 240, 192))
+    becomes_background(main, "List1", (255, 240, 192))
+    becomes_background(main, "DBList2", (255, 240, 192))
+    choose_colour(main, TEXT_COLOUR, (0, 96, 32))
+    for name in ("List1", "DBList2"):
+        wait_for(lambda n=name: (0, 96, 32) in shown_colours(main, n), f"the text colour of {name}")
+    program.quit()
+    assert saved_look(program)[4:] == (0x206000, 0xC0F0FF)
+    again = program.open()
+    becomes_background(again, "List1", (255, 240, 192))
+    becomes_background(again, "DBList2", (255, 240, 192))
+    choose_cd(again, ALL)
+    wait_for(lambda: (0, 96, 32) in shown_colours(again, "DBList2"), "the text colour")
+
+
+def test_the_colour_dialogs_open_with_the_present_colours(program):
+    set_look(program, "Tahoma", 0, 0, 8, 0x302010, 0xE0F0FF)
+    main = program.open()
+    for command, colour in ((TEXT_COLOUR, ("16", "32", "48")), (BACK_COLOUR, ("255", "240", "224"))):
+        dialog = dialog_of(main, command)
+        shown = texts(dialog)
+        assert tuple(shown[field] for field in (RED, GREEN, BLUE)) == colour
+        main.desktop.keys("Escape")
+        dialog.wait_gone()
+
+
+def test_cancelled_dialogs_change_nothing(program):
+    main = program.open()
+    for command in (FONT, TEXT_COLOUR, BACK_COLOUR):
+        dialog_of(main, command).answer("Annuler")
+    assert len(program.windows()) == 1
+    program.quit()
+    assert saved_look(program) == ("Tahoma", 0, 0, 8, 0, 0xFFFFFF)
+
+
+def test_the_help_button_of_a_colour_dialog_explains_the_choice(program):
+    main = program.open()
+    dialog = dialog_of(main, BACK_COLOUR)
+    place = next(child["rect"] for child in dialog.children() if child["id"] == HELP)
+    main.desktop.click(place[2] - 6, (place[1] + place[3]) // 2)
+    box = wait_for(lambda: next((window for window in program.windows()
+                                 if window["text"] == "Couleur des listes"), None), "the explanation")
+    assert box
+    main.desktop.keys("Return")
+    wait_for(lambda: len(program.windows()) == 2, "the explanation to go")
+    main.desktop.keys("Escape")
+    dialog.wait_gone()
+
+
+@pytest.mark.parametrize("look", [
+    ("Police qui n’existe pas", 0, 0, 9, 0, 0xFFFFFF),
+    ("", 255, 0, 0, 0, 0xFFFFFF),
+    ("Tahoma", 0, 0, -20, 0, 0xFFFFFF),
+    ("x" * 300, 0, 255, 1, -2147483640, -2147483643),
+    ("Tahoma", 0, 0, 32000, 0, 0xFFFFFF),
+])
+def test_an_odd_look_still_shows_its_rows(program, look):
+    set_look(program, *look)
+    main = program.open()
+    choose_cd(main, ALL)
+    assert 6 <= main.List1.item_height() <= 160
+    assert main.desktop.colours(main.List1.rect).get((255, 255, 255), 0) > 0.3
+    program.quit()
+    assert saved_look(program) == look
