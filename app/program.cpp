@@ -4,8 +4,6 @@
 
 #include <commctrl.h>
 
-#include "catalogue/startup.h"
-#include "mainwindow/FrmMP3.h"
 #include "platform/win32/locale.h"
 #include "platform/win32/wide.h"
 
@@ -33,20 +31,35 @@ void prepareControls() {
 Program::Program()
     : codePage_(win32::systemCodePage()),
       system_{files_, drives_, messages_, programs_, copier_, codePage_, win32::decimalSeparator()},
-      AppPath_(catalogue::AppPath(currentDirectory())),
-      catalogue_(catalogue::OpenCatalogue(fileStore_, AppPath_)),
-      settings_(catalogue::LoadSettings(files_, drives_, AppPath_, codePage_)) {}
+      place_{fileStore_, system_, currentDirectory()},
+      session_{scanState_.ScanAnswer} {}
 
 int Program::run() {
     prepareControls();
-    mainwindow::FrmMP3 window({system_, settings_, *catalogue_, scanState_, AppPath_});
-    window.create(nullptr);
-    window.fillCdList();
-    window.show();
+    catalogue::Main(session_, *this, place_);
     MSG message{};
     while (GetMessageW(&message, nullptr, 0, 0) > 0)
         win32::dispatch(message);
     return static_cast<int>(message.wParam);
+}
+
+void Program::clearList1() {
+    if (FrmMP3_) FrmMP3_->clearList1();
+}
+
+void Program::applySettings() {
+    FrmMP3_.emplace(mainwindow::FrmMP3::Program{
+        system_, session_.settings, *session_.Catalogue, scanState_, session_.AppPath,
+        [this] { catalogue::RefillCdList(session_, *this, place_); }});
+    FrmMP3_->create(nullptr);
+}
+
+void Program::fillList1(const std::vector<std::u16string>& rows) {
+    FrmMP3_->fillList1(rows);
+}
+
+void Program::show() {
+    FrmMP3_->show();
 }
 
 }  // namespace app

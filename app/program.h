@@ -1,11 +1,12 @@
 // The program's parts, wired together.
 #pragma once
 
-#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
-#include "catalogue/settings.h"
-#include "jet/database.h"
+#include "catalogue/main.h"
+#include "mainwindow/FrmMP3.h"
 #include "platform/system.h"
 #include "platform/win32/drives.h"
 #include "platform/win32/filecopier.h"
@@ -18,16 +19,20 @@
 
 namespace app {
 
-class Program {
+class Program : private catalogue::MainWindow {
   public:
-    // Opens the catalogue and reads the settings beside the program; throws when one of them
-    // cannot be had.
     Program();
 
-    // Shows the main window and handles its events until it is closed; gives the exit code.
+    // Opens the catalogue, reads the settings, shows the main window and handles its events until
+    // it is closed; gives the exit code. Throws when the catalogue or the settings cannot be had.
     int run();
 
   private:
+    void clearList1() override;
+    void applySettings() override;
+    void fillList1(const std::vector<std::u16string>& rows) override;
+    void show() override;
+
     platform::win32::ComApartment apartment_;
     platform::win32::Win32FileSystem files_;
     platform::win32::Win32FileStore fileStore_;
@@ -37,10 +42,11 @@ class Program {
     platform::win32::Win32FileCopier copier_;
     base::CodePage codePage_;
     platform::System system_;
-    std::u16string AppPath_;
-    std::unique_ptr<jet::Database> catalogue_;
-    catalogue::Settings settings_;
+    catalogue::StartPlace place_;
     scan::ScanState scanState_;
+    catalogue::Session session_;
+    // Made once what it shows can be had.
+    std::optional<mainwindow::FrmMP3> FrmMP3_;
 };
 
 }  // namespace app

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <exception>
+#include <utility>
 
 #include "catalogue/settingsfile.h"
 #include "config/players.h"
@@ -26,7 +27,7 @@ constexpr UINT kEnforceLeastSize = WM_APP;
 
 }  // namespace
 
-FrmMP3::FrmMP3(const Program& program) : Dialog(L"FrmMP3"), program_(program) {}
+FrmMP3::FrmMP3(Program program) : Dialog(L"FrmMP3"), program_(std::move(program)) {}
 
 void FrmMP3::onLoad() {
     accelerators_.reset(LoadAcceleratorsW(GetModuleHandleW(nullptr), L"FrmMP3"));

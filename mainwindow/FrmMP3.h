@@ -3,9 +3,11 @@
 
 #include <windows.h>
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "catalogue/settings.h"
 #include "jet/database.h"
@@ -35,12 +37,15 @@ class FrmMP3 : public platform::win32::Dialog {
         jet::Database& catalogue;
         scan::ScanState& scanState;
         std::u16string_view AppPath;  // with a trailing backslash
+        // Makes the CD list anew from the catalogue, by clearList1 and fillList1.
+        std::function<void()> RefillCdList;
     };
 
-    explicit FrmMP3(const Program& program);
+    explicit FrmMP3(Program program);
 
-    // Fills the CD list from the catalogue; no row is chosen afterwards.
-    void fillCdList();
+    // The CD list; no row is chosen afterwards.
+    void clearList1();
+    void fillList1(const std::vector<std::u16string>& rows);
     // Shows the window in the state that the settings say.
     void show();
 

@@ -94,8 +94,12 @@ void FrmMP3::onClick(int id) {
 
 // The CD list and what follows from it.
 
-void FrmMP3::fillCdList() {
-    ui::fillListBox(item(FrmMP3_List1), catalogue::CdListRows(program_.catalogue));
+void FrmMP3::clearList1() {
+    ui::fillListBox(item(FrmMP3_List1), {});
+}
+
+void FrmMP3::fillList1(const std::vector<std::u16string>& rows) {
+    ui::fillListBox(item(FrmMP3_List1), rows);
 }
 
 int FrmMP3::cdRow() const {
@@ -205,7 +209,7 @@ void FrmMP3::menusupprimer_Click() {
         return;
     }
     forgetCd();
-    fillCdList();
+    program_.RefillCdList();
 }
 
 void FrmMP3::raccourciRecherche_Click() {

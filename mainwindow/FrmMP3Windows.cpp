@@ -11,7 +11,7 @@ namespace ui = platform::win32;
 
 void FrmMP3::ComNouveau_Click() {
     if (!scan::FrmNouveauCD(scanProgram()).addCd(window())) return;
-    fillCdList();
+    program_.RefillCdList();
     chooseCd(program_.settings.ScanCdName);
     ui::setFocus(item(FrmMP3_List1));
 }
@@ -21,7 +21,7 @@ void FrmMP3::menuscan_Click() {
     const std::u16string name = cdName();
     if (!scan::FrmNouveauCD(scanProgram()).rescan(window(), name)) return;
     // A CD without music any more leaves the list.
-    fillCdList();
+    program_.RefillCdList();
     chooseCd(name);
 }
 
