@@ -8,6 +8,7 @@ import tempfile
 
 from .paths import BUILD, PROBE, ROOT
 from .probe import Probe
+from .waiting import wait_for
 
 CD_ROM, FIXED = 5, 3  # the system's numbers for types of drives
 _BOUND = [] if os.geteuid() != 0 else [
@@ -135,6 +136,8 @@ class Desktop:
             subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True,
                            env=self.environment, stdout=subprocess.DEVNULL,
                            stderr=subprocess.DEVNULL)
+            # Windows' programs hear of it a moment later.
+            wait_for(lambda: self.probe.ask("clipboard") == text, "the text on the clipboard")
             self.keys("ctrl+v")
 
     def tidy(self):

@@ -48,10 +48,12 @@ class Window:
         """Closes the window by the keyboard, as its frame would."""
         self.desktop.keys("alt+F4")
 
-    def maximize(self):
-        """Double-clicks the middle of the caption."""
+    def click_caption(self, times=1):
         left, top, right, _ = self.rect
-        self.desktop.click((left + right) // 2, top + 10, times=2)
+        self.desktop.click((left + right) // 2, top + 10, times=times)
+
+    def maximize(self):
+        self.click_caption(times=2)
 
     def resize(self, width, height):
         """Drags the lower right corner until the window would have this outer size, in pixels."""

@@ -11,6 +11,10 @@ from .paths import BUILD, PROGRAM, SHIPPED
 from .waiting import NeverCame, wait_for
 
 
+# How long the window manager may take to give a new window the keys, in seconds.
+FORGETFUL = 5.0
+
+
 class Program:
     """Brivantole.exe in a program folder of its own, on a Desktop.
 
@@ -88,7 +92,16 @@ class Program:
     def _ready(self, find, what):
         """A window once it is shown and gets the keys that are typed."""
         window = wait_for(lambda: find() or self._must_live(), what)
-        wait_for(lambda: self.desktop.active_title() == window.title, f"{what} to get the keys")
+
+        def gets_keys():
+            return self.desktop.active_title() == window.title
+        try:
+            wait_for(gets_keys, f"{what} to get the keys", deadline=FORGETFUL)
+        except NeverCame:
+            # Two windows that close at once may leave the window manager giving the keys to none;
+            # a person then clicks the window's caption.
+            window.click_caption()
+            wait_for(gets_keys, f"{what} to get the keys")
         return window
 
     def _must_live(self):

@@ -64,6 +64,7 @@ const std::map<std::string, Question>& questions() {
         {"item", tellItemPlace},
         {"progress", about(probe::tellProgress)},
         {"tooltips", about(probe::tellToolTips)},
+        {"clipboard", [](Json& json, std::istream&) { probe::tellClipboard(json); }},
         {"drive", tellDrive},
     };
     return all;

@@ -29,6 +29,9 @@ void tellProgress(Json& json, HWND window);
 // The texts that the tool tips of a process stand ready with, by the control they belong to.
 void tellToolTips(Json& json, HWND window);
 
+// The text on the clipboard, "" when it holds none.
+void tellClipboard(Json& json);
+
 std::wstring className(HWND window);
 
 }  // namespace probe
