@@ -48,7 +48,8 @@ inline Cell findCell(const RowShape& shape, RowView row, const Column& column) {
     if (column.variableIndex >= variableCount) return {};
     const uint32_t tableSize = 2 * (variableCount + 1);
     if (tail < 4 + tableSize) throwDamagedRow();
-    const uint8_t* entry = row.bytes + tail - 2 - 2 * (column.variableIndex + 1u);
+    const size_t entryAt = tail - 2 - 2 * (column.variableIndex + 1u);
+    const uint8_t* entry = row.bytes + entryAt;
     const uint32_t start = get16(entry);
     const uint32_t end = get16(entry - 2);
     if (start > end || end > tail - 2 - tableSize) throwDamagedRow();

@@ -31,8 +31,8 @@ std::unique_ptr<Recordset> Database::OpenRecordset(std::u16string_view source) {
     }
     const SelectStatement statement = parseSelect(source);
     Table& table = session_->store().table(statement.table);
-    Query query = bindQuery(statement, table.definition(), session_->textOrder());
-    return std::unique_ptr<Recordset>(new Recordset(session_, table, std::move(query)));
+    const Query query = bindQuery(statement, table.definition(), session_->textOrder());
+    return std::unique_ptr<Recordset>(new Recordset(session_, table, query));
 }
 
 bool Database::hasTable(std::u16string_view name) const {

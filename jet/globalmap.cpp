@@ -63,7 +63,7 @@ void GlobalMap::addMapPage(uint32_t index) {
     const uint64_t used = pager_.pageCount() > first ? pager_.pageCount() - first : 0;
     setBits(bytes + page::kMapBits, static_cast<uint32_t>(std::min<uint64_t>(used, perPage)),
             perPage);
-    put32(editRow() + 1 + 4 * index, mapPage);
+    put32(editRow() + 1 + size_t{4} * index, mapPage);
     if (mapPage / perPage != index) markUsed(mapPage);
 }
 

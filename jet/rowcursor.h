@@ -20,7 +20,7 @@ class RowCursor {
     bool next() {
         for (;;) {
             while (slot_ < slotCount_) {
-                const uint32_t entry = get16(slots_ + 2 * slot_);
+                const uint32_t entry = get16(slots_ + size_t{2} * slot_);
                 const uint32_t start = entry & slot::kOffset;
                 const uint32_t end = end_;
                 if (start > end || start < slotsEnd_) damagedSlot();

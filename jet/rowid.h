@@ -12,7 +12,8 @@ struct RowId {
 
     uint32_t page() const { return value >> 8; }
     uint32_t slot() const { return value & 0xFF; }
-    auto operator<=>(const RowId&) const = default;
+    // The 0 that the compiler compares orderings with is taken for a pointer.
+    auto operator<=>(const RowId&) const = default;  // NOLINT(modernize-use-nullptr)
 };
 
 inline RowId makeRowId(uint32_t page, uint32_t slot) {

@@ -147,9 +147,14 @@ bool Column::isNumber() const {
 }
 
 const Column* TableDefinition::find(std::u16string_view columnName) const {
-    const std::u16string wanted = base::upper(columnName);
+    const auto sameCharacter = [](char16_t a, char16_t b) {
+        return a == b || base::upper(a) == base::upper(b);
+    };
     for (const Column& column : columns)
-        if (base::upper(column.name) == wanted) return &column;
+        if (std::equal(column.name.begin(), column.name.end(), columnName.begin(), columnName.end(),
+                       sameCharacter)) {
+            return &column;
+        }
     return nullptr;
 }
 

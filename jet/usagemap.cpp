@@ -39,7 +39,7 @@ void setReferenceBit(Pager& pager, PageAllocator& allocator, const UsageMap& map
     uint32_t mapPage = row.pointer(index);
     if (mapPage == 0) {
         mapPage = allocator.allocateMapPage();
-        put32(editRow(pager, map) + 1 + 4 * index, mapPage);
+        put32(editRow(pager, map) + 1 + size_t{4} * index, mapPage);
     } else {
         mapPageBits(pager, mapPage);
     }
@@ -79,7 +79,7 @@ void widen(Pager& pager, PageAllocator& allocator, const UsageMap& map, uint32_t
 }  // namespace
 
 uint32_t MapRow::pointer(uint32_t index) const {
-    return get32(bytes + 1 + 4 * index);
+    return get32(bytes + 1 + size_t{4} * index);
 }
 
 MapRow readMapRow(const Pager& pager, RowId where) {

@@ -52,8 +52,9 @@ std::vector<Row> rowsOfCd(size_t cd) {
         const std::string_view extension = type(chance);
         const std::string song = title(chance, 4);
         Row row;
-        row.nom = song + " - " + artistName;
-        row.fichier = folder + twoDigits(track) + " - " + song + "." + lowerCase(extension);
+        row.nom.append(song).append(" - ").append(artistName);
+        row.fichier.append(folder).append(twoDigits(track)).append(" - ").append(song);
+        row.fichier.append(".").append(lowerCase(extension));
         row.nomCompil = row.nom + inBrackets;
         row.fichierCompil = row.fichier + inBrackets;
         row.taille = kSmallestSize + static_cast<int64_t>(cd * kRowsOfCd + rows.size());

@@ -113,8 +113,8 @@ void FaultyFileStore::failAt(uint64_t operation, Fault fault) {
 bool FaultyFileStore::beginOperation(std::u16string_view path) {
     if (cut_) throwFault(path);
     if (operations_++ != faultAt_) return false;
-    if (fault_ == Fault::Fail) throwFault(path);
-    cut_ = fault_ == Fault::Cut;
+    cut_ = fault_ == Fault::Cut || fault_ == Fault::CutBefore;
+    if (fault_ == Fault::Fail || fault_ == Fault::CutBefore) throwFault(path);
     return fault_ != Fault::None;
 }
 

@@ -23,6 +23,7 @@ enum class Fault {
     Fail,          // the operation does nothing and throws; later ones work
     FailHalfDone,  // a write is done in part, then throws; later ones work
     Cut,           // the operation is done in part, then this and all later ones throw
+    CutBefore,     // the operation does nothing; this and all later ones throw
 };
 
 class FaultyFileStore : public jet::FileStore {
