@@ -68,6 +68,8 @@ class FrmMP3 : public platform::win32::Dialog {
     void ComNouveau_Click();
     void menuscan_Click();
     void menusupprimer_Click();
+    void menuRechercheCD_Click();
+    void menuCDROM_Click();
     void menuChemin_Click();
     void MenExt_Click();
     void raccourciRecherche_Click();

@@ -54,3 +54,5 @@
 #define FrmMP3_menuaide 1114
 #define FrmMP3_menuapropos 1115
 #define FrmMP3_raccourciRecherche 1116
+#define FrmMP3_menuRechercheCD 1117
+#define FrmMP3_menuCopieCD 1118

@@ -50,6 +50,14 @@ void FrmMP3::onClick(int id) {
         case FrmMP3_LabelLecteur:
             menuChemin_Click();
             break;
+        case FrmMP3_menuRechercheCD:
+            menuRechercheCD_Click();
+            break;
+        case FrmMP3_Label2:
+        case FrmMP3_Image1:
+        case FrmMP3_menuCDROM:
+            menuCDROM_Click();
+            break;
         case FrmMP3_MenExt:
             MenExt_Click();
             break;

@@ -3,6 +3,7 @@
 #include "config/FrmPlayers.h"
 #include "mainwindow/FrmMP3.h"
 #include "mainwindow/FrmMP3.ids.h"
+#include "newcd/FrmNewCd.h"
 #include "platform/win32/ui/controls.h"
 
 namespace mainwindow {
@@ -28,6 +29,16 @@ void FrmMP3::menuscan_Click() {
 scan::FrmNouveauCD::Program FrmMP3::scanProgram() const {
     return {program_.system, program_.settings, program_.catalogue, program_.scanState,
             program_.AppPath};
+}
+
+void FrmMP3::menuRechercheCD_Click() {
+    newcd::searchKnownTitles(scanProgram(), window());
+    showCdRomDrive();
+}
+
+void FrmMP3::menuCDROM_Click() {
+    newcd::chooseCdRomDrive(scanProgram(), window());
+    showCdRomDrive();
 }
 
 void FrmMP3::MenExt_Click() {

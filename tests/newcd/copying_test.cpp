@@ -241,12 +241,12 @@ TEST_F(CopyingTest, ShowsItsAdvanceInBytes) {
     addListed(u"Trois", u"E:\\3.mid");
     copyAll();
     EXPECT_EQ(window.advances, (std::vector<std::pair<int64_t, int64_t>>{{512, 2048},
-                                                                        {1024, 2048},
-                                                                        {1024, 2048},
-                                                                        {1536, 2048},
-                                                                        {2048, 2048},
-                                                                        {2048, 2048},
-                                                                        {0, 0}}));
+                                                                         {1024, 2048},
+                                                                         {1024, 2048},
+                                                                         {1536, 2048},
+                                                                         {2048, 2048},
+                                                                         {2048, 2048},
+                                                                         {0, 0}}));
 }
 
 TEST_F(CopyingTest, AFileThatHasGrownAdvancesByWhatItHad) {

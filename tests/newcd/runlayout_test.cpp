@@ -58,9 +58,9 @@ TEST(SearchLayout, KeepsEachHeadingOverItsList) {
 
 TEST(SearchLayout, StacksListsLabelBarAndButton) {
     const SearchLayout layout = layOutSearch(metrics(700, 400));
-    expectStacked({layout.Label1[0], layout.List1, layout.Label2, layout.progressBar,
-                   layout.CommandOkannul},
-                  400);
+    expectStacked(
+        {layout.Label1[0], layout.List1, layout.Label2, layout.progressBar, layout.CommandOkannul},
+        400);
     EXPECT_EQ(layout.List2.height, layout.List1.height);
     EXPECT_EQ(layout.Label2.height, 60);
     EXPECT_EQ(centre(layout.CommandOkannul), 350);
@@ -69,9 +69,9 @@ TEST(SearchLayout, StacksListsLabelBarAndButton) {
 TEST(CopyLayout, GivesTheListAllHeightThatIsLeft) {
     const CopyLayout low = layOutCopy(metrics(600, 400));
     const CopyLayout high = layOutCopy(metrics(600, 700));
-    expectStacked(
-        {low.LabelTitrelist, low.ListInfocopy, low.LabelInfoCopy, low.progressBar, low.CommandCopier},
-        400);
+    expectStacked({low.LabelTitrelist, low.ListInfocopy, low.LabelInfoCopy, low.progressBar,
+                   low.CommandCopier},
+                  400);
     EXPECT_EQ(high.ListInfocopy.height, low.ListInfocopy.height + 300);
     EXPECT_EQ(low.ListInfocopy.width, 600 - 24);
     EXPECT_EQ(low.LabelInfoCopy.width, 600 - 24);

@@ -90,6 +90,25 @@ SIZE textExtent(HWND control, HFONT font, std::u16string_view text) {
     return {rectangle.right, rectangle.bottom};
 }
 
+int textHeight(HWND control, int width) {
+    const WindowDc dc(control);
+    const Selection selection(dc.get(),
+                              reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    RECT rectangle{0, 0, width, 0};
+    const std::wstring text = toWide(textOf(control));
+    return DrawTextW(dc.get(), text.c_str(), static_cast<int>(text.size()), &rectangle,
+                     DT_CALCRECT | DT_WORDBREAK | DT_NOPREFIX);
+}
+
+int linesHeight(HWND control, int lines) {
+    const WindowDc dc(control);
+    const Selection selection(dc.get(),
+                              reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0)));
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(dc.get(), &metrics);
+    return lines * metrics.tmHeight;
+}
+
 Font dialogFont(int dpi, FontSize size) {
     const int points = size == FontSize::Small ? 8 : 9;
     constexpr int pointsPerInch = 72;

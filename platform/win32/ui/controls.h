@@ -42,6 +42,13 @@ void setFocus(HWND control);
 // The text's extent in `font` on the control's screen, device pixels; "&" marks do not count.
 SIZE textExtent(HWND control, HFONT font, std::u16string_view text);
 
+// The height of the control's text in its own font, device pixels, with its lines broken at
+// `width`.
+int textHeight(HWND control, int width);
+
+// The height of so many lines in the control's font, device pixels.
+int linesHeight(HWND control, int lines);
+
 // Shows the hourglass until the end of the block.
 class WaitCursor {
   public:

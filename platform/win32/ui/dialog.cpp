@@ -133,7 +133,8 @@ INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             }
             return TRUE;
         case WM_CLOSE:
-            // Behind a modal window there is no frame to be closed by; the system asks all the same.
+            // Behind a modal window there is no frame to be closed by; the system asks all the
+            // same.
             if (IsWindowEnabled(window_)) onClose();
             return TRUE;
         case WM_NOTIFY: {

@@ -33,6 +33,13 @@ LRESULT CALLBACK VirtualList::procedure(HWND list, UINT message, WPARAM wParam, 
     return answer;
 }
 
+void VirtualList::showChecks(std::function<bool(size_t)> rowChecked) {
+    rowChecked_ = std::move(rowChecked);
+    ListView_SetExtendedListViewStyleEx(list_, LVS_EX_CHECKBOXES, LVS_EX_CHECKBOXES);
+    // The list asks for the state of a row's box as it asks for its text.
+    ListView_SetCallbackMask(list_, LVIS_STATEIMAGEMASK);
+}
+
 void VirtualList::setCount(size_t count) {
     clearSelection();
     ListView_SetItemCountEx(list_, static_cast<int>(count), 0);
@@ -40,6 +47,12 @@ void VirtualList::setCount(size_t count) {
     // The scroll bar may have come or gone, and the column's width with it.
     stretchColumn();
     redraw();
+}
+
+void VirtualList::growTo(size_t count) {
+    ListView_SetItemCountEx(list_, static_cast<int>(count),
+                            LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    stretchColumn();
 }
 
 void VirtualList::stretchColumn() {
@@ -50,6 +63,10 @@ void VirtualList::stretchColumn() {
 
 void VirtualList::redraw() {
     InvalidateRect(list_, nullptr, FALSE);
+}
+
+void VirtualList::redrawRow(size_t row) {
+    ListView_RedrawItems(list_, static_cast<int>(row), static_cast<int>(row));
 }
 
 void VirtualList::clearSelection() {
@@ -68,11 +85,32 @@ std::optional<size_t> VirtualList::rowAt(LPARAM place) const {
     return row < 0 ? std::nullopt : std::optional<size_t>(static_cast<size_t>(row));
 }
 
+std::optional<size_t> VirtualList::toggledRow(const NMHDR& header) const {
+    if (!rowChecked_) return std::nullopt;
+    if (header.code == LVN_KEYDOWN) {
+        const auto& key = reinterpret_cast<const NMLVKEYDOWN&>(header);
+        return key.wVKey == VK_SPACE ? selected() : std::nullopt;
+    }
+    // The second of two quick clicks comes under a name of its own.
+    if (header.code != NM_CLICK && header.code != NM_DBLCLK) return std::nullopt;
+    LVHITTESTINFO test{};
+    test.pt = reinterpret_cast<const NMITEMACTIVATE&>(header).ptAction;
+    const int row = ListView_HitTest(list_, &test);
+    if (row < 0 || !(test.flags & LVHT_ONITEMSTATEICON)) return std::nullopt;
+    return static_cast<size_t>(row);
+}
+
 void VirtualList::fill(const NMHDR& header) {
     // The list expects its request to be filled in place.
     auto& request = *reinterpret_cast<NMLVDISPINFOW*>(const_cast<NMHDR*>(&header));
+    const auto row = static_cast<size_t>(request.item.iItem);
+    if ((request.item.mask & LVIF_STATE) && rowChecked_) {
+        // The pictures of the boxes are counted from 1: empty, ticked.
+        request.item.state = INDEXTOSTATEIMAGEMASK(rowChecked_(row) ? 2 : 1);
+        request.item.stateMask = LVIS_STATEIMAGEMASK;
+    }
     if (!(request.item.mask & LVIF_TEXT)) return;
-    shown_ = toWide(rowText_(static_cast<size_t>(request.item.iItem)));
+    shown_ = toWide(rowText_(row));
     request.item.pszText = shown_.data();
 }
 

@@ -23,14 +23,23 @@ class VirtualList {
     ~VirtualList();
 
     HWND window() const { return list_; }
+    // Gives each row a check box that shows what `rowChecked` tells of it.
+    void showChecks(std::function<bool(size_t)> rowChecked);
     // Shows that many rows from the first, none selected.
     void setCount(size_t count);
+    // Shows that many rows where more have come to the end; all else stays.
+    void growTo(size_t count);
     // Reads the shown rows anew.
     void redraw();
+    void redrawRow(size_t row);
     void clearSelection();
     std::optional<size_t> selected() const;
     // The row under a place that a mouse message tells; none below the rows.
     std::optional<size_t> rowAt(LPARAM place) const;
+
+    // The row whose check box is meant by a notification of the list: a click on the box, or the
+    // space bar; none for any other.
+    std::optional<size_t> toggledRow(const NMHDR& header) const;
 
     // Answers the list's LVN_GETDISPINFO, which the dialog hands on: `header` begins the request.
     void fill(const NMHDR& header);
@@ -42,6 +51,7 @@ class VirtualList {
 
     HWND list_;
     RowText rowText_;
+    std::function<bool(size_t)> rowChecked_;  // none for a list without check boxes
     std::wstring shown_;  // the list may keep a pointer to it until its next request
 };
 
