@@ -1,14 +1,16 @@
 """Adding a medium: the dialog, the scan, the rows, and everything that can go wrong."""
 import os
+import re
 
 import pytest
 
 from harness import catalogue, medium, settings
 from harness.desktop import FIXED, Desktop
 from harness.medium import ALBUM_ROWS, as_set, expected_rows
+from harness.names import control_ids
 from harness.program import Program
 from harness.steps import ALL, add_cd, open_new_cd
-from harness.waiting import wait_for
+from harness.waiting import ProbeError, wait_for
 
 
 RETRY = "Répéter"  # as Wine says it in French
@@ -118,7 +120,7 @@ def test_enter_and_escape_work_in_the_dialog(program):
 
 
 @pytest.mark.parametrize("name", [
-    "Été à l'Œuvre", "l'apostrophe", "[crochets]", "ouvert [", "100% & plus #1 !", "x" * 240],
+    "Été à l'Œuvre", "l'apostrophe", "[crochets]", "ouvert [", "100% & plus #1 !", "x" * 255],
     ids=["accents", "apostrophe", "brackets", "open bracket", "signs", "long"])
 def test_any_name_is_kept_as_typed(program, name):
     main = program.open()
@@ -136,6 +138,34 @@ def test_blanks_around_the_name_are_cut(program):
     dialog.CommandNouveauOK.click()
     program.wait_gone("FrmNouveauCD")
     assert main.List1.items() == [ALL, "Bords"]
+
+
+def test_the_percentage_is_shown_while_tracks_are_analysed(program, other_medium, tmp_path):
+    other_medium(medium.write(tmp_path, {f"{number:05}.mid": medium.mid(64)
+                                         for number in range(15000)}))
+    dialog = open_new_cd(program.open())
+    program.desktop.type("Long")
+    wait_for(lambda: dialog.TextNouveau.text == "Long", "the name")
+    identifiers = control_ids()["FrmNouveauCD"]
+    bar = dialog.Progression
+    dialog.CommandNouveauOK.click()
+    percentages = []
+    while program.form_or_none("FrmNouveauCD"):
+        try:
+            controls = {node["id"]: node for node in dialog.tree()["children"]}
+            position = bar.progress()
+        except ProbeError:
+            continue  # at work, or gone by now
+        caption = controls[identifiers["LabelPatientez"]]["text"]
+        found = re.fullmatch(r"Analyse des morceaux en cours\.\.\. (\d+)%", caption)
+        if not found:
+            continue
+        percentages.append(int(found[1]))
+        assert percentages[-1] <= position <= 100  # the bar was read a moment later
+        assert not controls[identifiers["CommandNouveauOK"]]["visible"]
+        assert not controls[identifiers["CommandNouveauAnnuler"]]["visible"]
+        assert not controls[identifiers["TextNouveau"]]["enabled"]
+    assert len(set(percentages)) > 1 and percentages == sorted(percentages)
 
 
 def test_an_existing_name_is_replaced_only_on_yes(program, other_medium, second_folder):

@@ -2,6 +2,8 @@
 import pytest
 
 from harness import settings
+from harness.desktop import FIXED, Desktop
+from harness.program import Program
 from harness.waiting import wait_for
 
 VALUES = {
@@ -93,15 +95,12 @@ def test_a_drive_that_is_no_cd_rom_gives_way_to_the_first_that_is(program, store
     assert settings.read(program.settings)["CdRomDrive"] == "E:"
 
 
-def test_without_any_cd_rom_the_stored_drive_stays(program, desktop, album_folder):
-    desktop.set_medium("e", None)
-    try:
+def test_without_any_cd_rom_the_stored_drive_stays(album_folder):
+    with Desktop(drives={"e": (album_folder, FIXED)}) as desktop, Program(desktop) as program:
         write(program, lines_of(texts=("Q:", "", "", "", "")))
-        program.open()
+        assert program.open().Label2.text == "Q:\\"
         program.quit()
-        assert settings.read(program.settings)["CdRomDrive"] in ("Q:", "E:")
-    finally:
-        desktop.set_medium("e", album_folder)
+        assert settings.read(program.settings)["CdRomDrive"] == "Q:"
 
 
 def test_the_type_boxes_show_the_stored_ticks(program):

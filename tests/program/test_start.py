@@ -2,14 +2,16 @@
 import pytest
 
 from harness import catalogue, settings
+from harness.medium import ALBUM_ROWS
 from harness.program import Program
+from harness.steps import ALL, add_cd, choose_cd, delete_cd, open_new_cd
 from harness.waiting import wait_for
-
-ALL = "*** TOUS LES TITRES ***"
 
 
 def contents(folder):
-    return {path.name: path.read_bytes() for path in folder.iterdir()}
+    """Name to bytes; what a test made unreadable it looks at itself."""
+    return {path.name: path.read_bytes() for path in folder.iterdir()
+            if path.stat().st_mode & 0o400}
 
 
 def refuse_to_start(program):
@@ -99,6 +101,71 @@ def test_the_working_directory_is_the_program_directory(desktop):
 def test_a_missing_file_is_reported_by_name(program, name):
     (program.folder / name).unlink()
     assert name in refuse_to_start(program)
+
+
+@pytest.mark.parametrize("name", ["Brivantole.mdb", "Brivantole.ini"])
+def test_an_unreadable_file_is_reported_by_name(program, name):
+    path = program.folder / name
+    before = path.read_bytes()
+    path.chmod(0)
+    assert name in refuse_to_start(program)
+    path.chmod(0o644)
+    assert path.read_bytes() == before
+
+
+def test_a_read_only_catalogue_can_be_browsed_and_says_why_it_stays_as_it_is(program):
+    main = program.open()
+    add_cd(main, "Rock 1")
+    program.quit()
+    before = program.database.read_bytes()
+    program.database.chmod(0o444)
+    main = program.open()
+    choose_cd(main, "Rock 1")
+    assert main.DBList2.count == len(ALBUM_ROWS)
+    delete_cd(main)
+    report = program.message()
+    assert "lecture seule" in report.text
+    report.answer("OK")
+    assert wait_for(main.List1.items, "the list of media") == [ALL, "Rock 1"]
+    dialog = open_new_cd(main)
+    program.desktop.type("Autre")
+    dialog.CommandNouveauOK.click()
+    report = program.message()
+    assert "lecture seule" in report.text
+    report.answer("OK")
+    program.form("FrmNouveauCD").key("Escape")
+    program.wait_gone("FrmNouveauCD")
+    program.quit()
+    assert program.database.read_bytes() == before
+
+
+def test_settings_that_cannot_be_written_are_reported_at_the_end(program):
+    program.open()
+    before = program.settings.read_bytes()
+    program.settings.chmod(0o444)
+    program.folder.chmod(0o555)
+    try:
+        program.form("FrmMP3").close()
+        report = program.message()
+        assert "Brivantole.ini" in report.text
+        report.answer("OK")
+        program.exit_code()
+        assert program.settings.read_bytes() == before
+    finally:
+        program.folder.chmod(0o755)
+
+
+def test_a_minimised_window_is_saved_with_its_normal_size(program, desktop):
+    main = program.open()
+    left, top, right, bottom = main.rect
+    desktop.xdo("search", "--onlyvisible", "--name", main.title, "windowminimize")
+    wait_for(lambda: main.state["minimized"], "the minimised window")
+    # Another program asks it to close, as the taskbar's menu does.
+    desktop.wine("taskkill", "/im", "Brivantole.exe")
+    assert program.exit_code() == 0
+    saved = settings.read(program.settings)
+    assert saved["WinState"] == 1
+    assert (saved["WinWidth"], saved["WinHeight"]) == ((right - left) * 15, (bottom - top) * 15)
 
 
 @pytest.mark.parametrize("length", [0, 100, 2048, 4096, 6000, 40960])
