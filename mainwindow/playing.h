@@ -1,8 +1,7 @@
-// Playing through the external player: which clicks play, and what the player is handed.
+// Playing from the track list: which clicks play, and which tracks the player is handed.
 #pragma once
 
 #include <optional>
-#include <string>
 #include <string_view>
 
 #include "base/codepage.h"
@@ -12,9 +11,6 @@
 #include "platform/programs.h"
 
 namespace mainwindow {
-
-// The playlist in the program directory.
-inline constexpr std::u16string_view kPlaylistName = u"Brivantole.m3u";
 
 // Which clicks on the track list count.
 class PlayedTrack {
@@ -30,9 +26,6 @@ class PlayedTrack {
   private:
     std::optional<jet::RowId> lastClicked_;
 };
-
-// What the player is started with: its path, a blank, and the file between quotation marks.
-std::u16string playerCommandLine(std::u16string_view playerPath, std::u16string_view file);
 
 // Starts the current player on the track that is `tracks`' current record. Does nothing without a
 // player.

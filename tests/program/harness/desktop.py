@@ -133,12 +133,19 @@ class Desktop:
         if text.isascii():
             self.xdo("type", "--delay", 15, "--", text)
         else:
-            subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True,
-                           env=self.environment, stdout=subprocess.DEVNULL,
-                           stderr=subprocess.DEVNULL)
-            # Windows' programs hear of it a moment later.
-            wait_for(lambda: self.probe.ask("clipboard") == text, "the text on the clipboard")
-            self.keys("ctrl+v")
+            self.paste(text)
+
+    def paste(self, text):
+        """Brings a text in by the clipboard, as if copied from another program."""
+        before = self.probe.ask("clipboardnumber")
+        subprocess.run(["xclip", "-selection", "clipboard"], input=text.encode(), check=True,
+                       env=self.environment, stdout=subprocess.DEVNULL,
+                       stderr=subprocess.DEVNULL)
+        # Windows' programs hear of it a moment later; looking into the clipboard meanwhile would
+        # keep the change out.
+        wait_for(lambda: self.probe.ask("clipboardnumber") != before, "the clipboard to change")
+        wait_for(lambda: self.probe.ask("clipboard") == text, "the text on the clipboard")
+        self.keys("ctrl+v")
 
     def tidy(self):
         """Lets go of whatever a failed test may have left pressed, and parks the pointer."""

@@ -182,13 +182,23 @@ class Control:
             self.click()
             self.wait(lambda: self.checked == wanted, f"to be {'' if wanted else 'un'}checked")
 
-    def fill(self, text):
-        """Replaces an edit box's text by typing."""
+    def clear(self):
+        """Leaves an edit box empty, with the focus."""
         self.click()
         self.wait(lambda: self.focused, "to have the focus")
         self.form.desktop.keys("Home", "shift+End", "BackSpace")
+
+    def fill(self, text):
+        """Replaces an edit box's text by typing."""
+        self.clear()
         if text:
             self.form.desktop.type(text)
+
+    def paste(self, text):
+        """Replaces an edit box's text by the clipboard's."""
+        self.clear()
+        self.form.desktop.paste(text)
+        self.wait(lambda: self.text == text, f"to hold {text!r}")
 
     def wait(self, condition, what):
         return wait_for(condition, f"{self.form.name}.{self.name} {what}")
@@ -263,6 +273,14 @@ class Message(Window):
     def text(self):
         return "\n".join(child["text"] for child in self.children("Static") if child["text"])
 
+    @property
+    def has_icon(self):
+        """Whether the text makes room for one: the place of an icon is there in any case."""
+        kinds, icon = 0x1F, 0x03  # of the styles of labels
+        labels = self.children("Static")
+        place, = [label["rect"] for label in labels if label["style"] & kinds == icon]
+        return all(label["rect"][0] >= place[2] for label in labels if label["text"])
+
     def buttons(self):
         return [plain(child["text"]) for child in self.children("Button") if child["visible"]]
 
@@ -271,3 +289,8 @@ class Message(Window):
         button, = [child for child in self.children("Button") if plain(child["text"]) == caption]
         self.desktop.click(*centre(button["rect"]))
         self.wait_gone()
+
+    def entries(self):
+        """The entries of all its combo boxes."""
+        return [entry for child in self.children("ComboBox")
+                for entry in self.desktop.probe.ask("combobox", child["handle"])["items"]]

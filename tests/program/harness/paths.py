@@ -8,6 +8,7 @@ BUILD = ROOT / "build"
 WINDOWS_BUILD = pathlib.Path(os.environ.get("BRIVANTOLE_WINDOWS_BUILD", BUILD / "windows"))
 PROGRAM = WINDOWS_BUILD / "Brivantole.exe"
 PROBE = WINDOWS_BUILD / "probe" / "probe.exe"
+PLAYER = WINDOWS_BUILD / "probe" / "player.exe"
 SAMPLE_MEDIUM = BUILD / "sample-medium"
 ARTIFACTS = BUILD / "test-artifacts"
 SHIPPED = [ROOT / "data" / name for name in ("Brivantole.mdb", "Brivantole.ini", "Brivantole.rtf")]

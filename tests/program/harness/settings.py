@@ -35,3 +35,15 @@ def read(path):
     values.update((name, next(lines)) for name in _TEXTS)
     assert next(lines, None) is None, "lines left over"
     return values
+
+
+def set_players(path, players, current=0):
+    """Rewrites a file as shipped so that it holds these players, pairs of name and path."""
+    lines = path.read_bytes().decode("cp1252").split("\r\n")
+    first = 1 + 3 * (int(lines[0]) + 1) + len(_LAYOUT)
+    name, program = ("Aucun", "") if current == 0 else players[current - 1]
+    lines[first:first + 3] = [f" {current} ", name, f" {len(players)} ",
+                              *(text for player in players for text in player)]
+    assert lines[-2:] == ["", ""]
+    lines[-2] = program
+    path.write_bytes("\r\n".join(lines).encode("cp1252"))

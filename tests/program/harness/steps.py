@@ -33,3 +33,8 @@ def delete_cd(main, answer="Oui"):
     text = question.text
     question.answer(answer)
     return text
+
+
+def open_players(main):
+    main.choose("Outils", "Lecteurs Audio")
+    return main.program.form("FrmPlayers")

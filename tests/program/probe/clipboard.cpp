@@ -17,4 +17,16 @@ void tellClipboard(Json& json) {
     if (text) GlobalUnlock(data);
 }
 
+void tellClipboardNumber(Json& json) {
+    json.number(static_cast<int64_t>(GetClipboardSequenceNumber()));
+}
+
+void holdClipboard(Json& json) {
+    json.boolean(OpenClipboard(nullptr) != FALSE);
+}
+
+void releaseClipboard(Json& json) {
+    json.boolean(CloseClipboard() != FALSE);
+}
+
 }  // namespace probe

@@ -1,5 +1,5 @@
 // Tells what the windows of other programs show. It only looks: acting is left to real clicks and
-// keys.
+// keys. The one thing that it does is to keep the clipboard, as any other program may.
 //
 // Each line of the input is a question, such as "tree 65620"; each answer is one line, a JSON
 // object with "answer" or "error". See the table below for the questions.
@@ -53,9 +53,13 @@ Question about(void (*tell)(Json&, HWND)) {
     return [tell](Json& json, std::istream& arguments) { tell(json, readWindow(arguments)); };
 }
 
+Question alone(void (*tell)(Json&)) {
+    return [tell](Json& json, std::istream&) { tell(json); };
+}
+
 const std::map<std::string, Question>& questions() {
     static const std::map<std::string, Question> all{
-        {"windows", [](Json& json, std::istream&) { probe::tellWindows(json); }},
+        {"windows", alone(probe::tellWindows)},
         {"tree", about(probe::tellTree)},
         {"menu", about(probe::tellMenu)},
         {"listbox", about(probe::tellListBox)},
@@ -64,7 +68,10 @@ const std::map<std::string, Question>& questions() {
         {"item", tellItemPlace},
         {"progress", about(probe::tellProgress)},
         {"tooltips", about(probe::tellToolTips)},
-        {"clipboard", [](Json& json, std::istream&) { probe::tellClipboard(json); }},
+        {"clipboard", alone(probe::tellClipboard)},
+        {"clipboardnumber", alone(probe::tellClipboardNumber)},
+        {"holdclipboard", alone(probe::holdClipboard)},
+        {"releaseclipboard", alone(probe::releaseClipboard)},
         {"drive", tellDrive},
     };
     return all;

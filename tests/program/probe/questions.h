@@ -31,6 +31,11 @@ void tellToolTips(Json& json, HWND window);
 
 // The text on the clipboard, "" when it holds none.
 void tellClipboard(Json& json);
+// A number that differs after each change of the clipboard; asking does not get in the way of one.
+void tellClipboardNumber(Json& json);
+// Keeps the clipboard open, so that no other program can use it, until it is released.
+void holdClipboard(Json& json);
+void releaseClipboard(Json& json);
 
 std::wstring className(HWND window);
 
