@@ -1,5 +1,6 @@
 #include "newcd/copyfilter.h"
 
+#include <cassert>
 #include <optional>
 
 #include "newcd/copyrules.h"
@@ -20,7 +21,9 @@ bool isInCatalogue(const RunTools& tools, std::u16string_view filterText, const 
 
 bool isMarked(const RunTools& tools, MarkerRows* markers, const Track& track) {
     const DuplicateRule rule = duplicateRule(tools.settings);
-    return rule != DuplicateRule::CopyAll && markers->has(rule, track);
+    if (rule == DuplicateRule::CopyAll) return false;
+    assert(markers != nullptr);
+    return markers->has(rule, track);
 }
 
 }  // namespace
