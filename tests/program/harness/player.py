@@ -31,18 +31,19 @@ class RecordingPlayer:
         self._stay.unlink(missing_ok=True)
 
     def starts(self):
-        """The command line of each start so far; every one was minimised with focus."""
+        """The command line of each start so far, in order; every one was minimised with focus."""
         if not self._log.exists():
             return []
         lines = self._log.read_bytes().decode("utf-8").splitlines()
-        starts = [line.split("\t", 1) for line in lines]
-        assert all(int(style) == MINIMISED_WITH_FOCUS for style, _ in starts), starts
-        return [command for _, command in starts]
+        starts = sorted((int(time), int(style), command)
+                        for time, style, command in (line.split("\t", 2) for line in lines))
+        assert all(style == MINIMISED_WITH_FOCUS for _, style, _ in starts), starts
+        return [command for _, _, command in starts]
 
     def wait_started(self, *commands):
         """Waits until it was started with exactly these command lines, in this order."""
         wait_for(lambda: len(self.starts()) >= len(commands), f"{len(commands)} starts")
-        assert self.starts() == list(commands)
+        assert self.starts() == list(commands), self.starts()
 
     def forget(self):
         self._log.unlink(missing_ok=True)

@@ -37,13 +37,27 @@ def read(path):
     return values
 
 
+def _rewrite(path, change):
+    """Lets `change` alter the lines of a file in the code page."""
+    lines = path.read_bytes().decode("cp1252").removesuffix("\r\n").split("\r\n")
+    change(lines)
+    path.write_bytes("".join(line + "\r\n" for line in lines).encode("cp1252"))
+
+
+def set_text(path, name, text):
+    """Rewrites one of the texts at the end, such as CdRomDrive."""
+    def change(lines):
+        lines[_TEXTS.index(name) - len(_TEXTS)] = text
+    _rewrite(path, change)
+
+
 def set_players(path, players, current=0):
-    """Rewrites a file as shipped so that it holds these players, pairs of name and path."""
-    lines = path.read_bytes().decode("cp1252").split("\r\n")
-    first = 1 + 3 * (int(lines[0]) + 1) + len(_LAYOUT)
-    name, program = ("Aucun", "") if current == 0 else players[current - 1]
-    lines[first:first + 3] = [f" {current} ", name, f" {len(players)} ",
-                              *(text for player in players for text in player)]
-    assert lines[-2:] == ["", ""]
-    lines[-2] = program
-    path.write_bytes("\r\n".join(lines).encode("cp1252"))
+    """Makes these the players, pairs of name and path; there were none before."""
+    def change(lines):
+        first = 1 + 3 * (int(lines[0]) + 1) + len(_LAYOUT)
+        assert lines[first + 2] == " 0 "
+        name = "Aucun" if current == 0 else players[current - 1][0]
+        lines[first:first + 3] = [f" {current} ", name, f" {len(players)} ",
+                                  *(text for player in players for text in player)]
+    _rewrite(path, change)
+    set_text(path, "PlayerPath", "" if current == 0 else players[current - 1][1])

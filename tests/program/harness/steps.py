@@ -12,11 +12,14 @@ def open_new_cd(main):
     return dialog
 
 
-def add_cd(main, name):
-    """Catalogues what is in drive E: under `name`, and waits until the list is back."""
+def add_cd(main, name, drive=None):
+    """Catalogues what is in a drive ("f:"; None: the CD-ROM drive) under `name`, and waits until the
+    list is back."""
     dialog = open_new_cd(main)
     main.desktop.type(name)
     wait_for(lambda: dialog.TextNouveau.text == name, f"the name {name!r}")
+    if drive is not None:
+        dialog.DriveNouveau.choose_entry(drive)
     dialog.CommandNouveauOK.click()
     main.program.wait_gone("FrmNouveauCD")
 

@@ -1,10 +1,12 @@
 // A player that plays nothing: it writes down how it was started.
 //
-// Each start adds a line to the file named after the player's own with ".txt" behind it: the window
-// style that it was started with and its command line, a tab between them, in UTF-8. As long as
-// there is one with ".stay" behind it, the player stays, its window shown in that style.
+// Each start adds a line to the file named after the player's own with ".txt" behind it: when the
+// system started it, the window style that it was given, and its command line, tabs between them,
+// in UTF-8. As long as there is a file with ".stay" behind it, the player stays, its window shown
+// in that style.
 #include <windows.h>
 
+#include <cstdint>
 #include <string>
 
 namespace {
@@ -24,6 +26,14 @@ std::string utf8(const std::wstring& text) {
         static_cast<size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), length, bytes.data(),
                                                 static_cast<int>(bytes.size()), nullptr, nullptr)));
     return bytes;
+}
+
+// Two players that were started one after the other need not run in that order.
+uint64_t startTime() {
+    FILETIME created{};
+    FILETIME unused{};
+    GetProcessTimes(GetCurrentProcess(), &created, &unused, &unused, &unused);
+    return static_cast<uint64_t>(created.dwHighDateTime) << 32 | created.dwLowDateTime;
 }
 
 int askedWindowStyle() {
@@ -48,10 +58,10 @@ bool exists(const std::wstring& file) {
     return GetFileAttributesW(file.c_str()) != INVALID_FILE_ATTRIBUTES;
 }
 
-void stayWhile(const std::wstring& file) {
+void stayWhile(const std::wstring& file, int windowStyle) {
     const HWND window = CreateWindowExW(0, L"STATIC", L"Player", WS_OVERLAPPEDWINDOW, 0, 0, 200,
                                         100, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-    ShowWindow(window, SW_SHOWDEFAULT);
+    ShowWindow(window, windowStyle);
     while (exists(file)) {
         MSG message;
         while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE))
@@ -62,10 +72,11 @@ void stayWhile(const std::wstring& file) {
 
 }  // namespace
 
-int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int windowStyle) {
     const std::wstring path = ownPath();
-    addLine(path + L".txt",
-            std::to_string(askedWindowStyle()) + "\t" + utf8(GetCommandLineW()) + "\n");
-    if (exists(path + L".stay")) stayWhile(path + L".stay");
+    addLine(path + L".txt", std::to_string(startTime()) + "\t" +
+                                std::to_string(askedWindowStyle()) + "\t" +
+                                utf8(GetCommandLineW()) + "\n");
+    if (exists(path + L".stay")) stayWhile(path + L".stay", windowStyle);
     return 0;
 }
