@@ -27,7 +27,8 @@ constexpr UINT kEnforceLeastSize = WM_APP;
 
 }  // namespace
 
-FrmMP3::FrmMP3(Program program) : Dialog(L"FrmMP3"), program_(std::move(program)) {}
+FrmMP3::FrmMP3(Program program)
+    : Dialog(L"FrmMP3"), program_(std::move(program)), aide_(program_.system, program_.AppPath) {}
 
 void FrmMP3::onLoad() {
     accelerators_.reset(LoadAcceleratorsW(GetModuleHandleW(nullptr), L"FrmMP3"));

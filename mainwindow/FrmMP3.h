@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "catalogue/settings.h"
+#include "help/FrmAide.h"
 #include "jet/database.h"
 #include "mainwindow/FrmInfoTitre.h"
 #include "mainwindow/FrmListLook.h"
@@ -57,6 +58,7 @@ class FrmMP3 : public platform::win32::Dialog {
     LRESULT onNotify(const NMHDR& header) override;
     std::optional<LRESULT> onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
     void onClose() override;
+    void onHelp() override { menuaide_Click(); }
     // Nothing to escape from.
     void onEscape() override {}
 
@@ -78,6 +80,8 @@ class FrmMP3 : public platform::win32::Dialog {
     void menufontes_Click();
     void menucouleurfontes_Click();
     void menucouleurfond_Click();
+    void menuaide_Click();
+    void menuapropos_Click();
     void Form_Resize();
     void Form_Unload();
 
@@ -121,6 +125,7 @@ class FrmMP3 : public platform::win32::Dialog {
     std::optional<platform::win32::EditFilter> searchFilter_;
     FrmInfoTitre infoTitre_;
     std::optional<FrmListLook> look_;
+    help::FrmAide aide_;
     platform::win32::CustomColours customColours_;
     bool unloaded_ = false;
 };

@@ -70,6 +70,13 @@ void FrmMP3::onClick(int id) {
         case FrmMP3_menucouleurfond:
             menucouleurfond_Click();
             break;
+        case FrmMP3_Comaide:
+        case FrmMP3_menuaide:
+            menuaide_Click();
+            break;
+        case FrmMP3_menuapropos:
+            menuapropos_Click();
+            break;
         case FrmMP3_raccourciRecherche:
             raccourciRecherche_Click();
             break;

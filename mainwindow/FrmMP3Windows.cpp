@@ -1,6 +1,7 @@
 // The handlers of the main window that open other windows.
 #include "config/FrmExtension.h"
 #include "config/FrmPlayers.h"
+#include "help/FrmApropos.h"
 #include "mainwindow/FrmMP3.h"
 #include "mainwindow/FrmMP3.ids.h"
 #include "newcd/FrmNewCd.h"
@@ -55,6 +56,16 @@ void FrmMP3::menuChemin_Click() {
                               [this] { showPlayer(); });
     dialog.create(window());
     dialog.runModal();
+}
+
+void FrmMP3::menuaide_Click() {
+    aide_.open(window());
+}
+
+void FrmMP3::menuapropos_Click() {
+    help::FrmApropos box;
+    box.create(window());
+    box.runModal();
 }
 
 }  // namespace mainwindow

@@ -110,9 +110,10 @@ int linesHeight(HWND control, int lines) {
 }
 
 Font dialogFont(int dpi, FontSize size) {
-    const int points = size == FontSize::Small ? 8 : 9;
     constexpr int pointsPerInch = 72;
-    return Font(CreateFontW(-MulDiv(points, dpi, pointsPerInch), 0, 0, 0, FW_NORMAL, FALSE, FALSE,
+    const int points = size == FontSize::Small ? 8 : size == FontSize::Usual ? 9 : 14;
+    const int weight = size == FontSize::Title ? FW_SEMIBOLD : FW_NORMAL;
+    return Font(CreateFontW(-MulDiv(points, dpi, pointsPerInch), 0, 0, 0, weight, FALSE, FALSE,
                             FALSE, DEFAULT_CHARSET, OUT_DEFAULT_PRECIS, CLIP_DEFAULT_PRECIS,
                             CLEARTYPE_QUALITY, DEFAULT_PITCH | FF_DONTCARE, L"Segoe UI"));
 }

@@ -61,8 +61,8 @@ class WaitCursor {
     HCURSOR former_;
 };
 
-// The program's dialog font at `dpi`, and the same for places where room is short.
-enum class FontSize { Usual, Small };
+// The program's dialog font at `dpi`, the same for places where room is short, and for a title.
+enum class FontSize { Usual, Small, Title };
 Font dialogFont(int dpi, FontSize size);
 void setFont(HWND control, HFONT font);
 

@@ -101,6 +101,10 @@ Dialog* Dialog::of(HWND window) {
     return root ? static_cast<Dialog*>(GetPropW(root, kObjectProperty)) : nullptr;
 }
 
+void Dialog::onHelp() {
+    if (Dialog* owner = of(GetWindow(window_, GW_OWNER))) owner->onHelp();
+}
+
 bool Dialog::translate(MSG& message) {
     return IsDialogMessageW(window_, &message) != FALSE;
 }
@@ -142,6 +146,9 @@ INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
             if (window_) SetWindowLongPtrW(window_, DWLP_MSGRESULT, answer);
             return TRUE;
         }
+        case WM_HELP:
+            onHelp();
+            return TRUE;
         default: {
             const std::optional<LRESULT> answer = onMessage(message, wParam, lParam);
             if (!answer) return FALSE;

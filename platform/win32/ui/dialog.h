@@ -42,6 +42,8 @@ class Dialog {
     virtual void onLoad() {}
     virtual void onCommand(int /*id*/, int /*notification*/) {}
     virtual LRESULT onNotify(const NMHDR& /*header*/) { return 0; }
+    // F1; unless a window says otherwise, its owner's matter.
+    virtual void onHelp();
     // Any other message; an answer given here is final, none leaves it to the system.
     virtual std::optional<LRESULT> onMessage(UINT, WPARAM, LPARAM) { return std::nullopt; }
     // The frame's close button, Alt+F4 or Escape.

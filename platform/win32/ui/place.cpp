@@ -48,13 +48,23 @@ void shiftControl(HWND control, int right, int down) {
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void placeOverOwner(HWND window) {
-    const HWND owner = GetWindow(window, GW_OWNER);
-    const bool overOwner = owner && IsWindowVisible(owner) && !IsIconic(owner);
-    const Box area = workAreaOf(overOwner ? owner : window);
+namespace {
+
+Box placeFor(HWND window, HWND other) {
+    const bool overOther = other && IsWindowVisible(other) && !IsIconic(other);
+    const Box area = workAreaOf(overOther ? other : window);
     const Box own = windowBox(window);
-    const Box place =
-        clamped(centred(overOwner ? windowBox(owner) : area, own.width, own.height), area);
+    return clamped(centred(overOther ? windowBox(other) : area, own.width, own.height), area);
+}
+
+}  // namespace
+
+void placeOver(HWND window, HWND other) {
+    moveWindow(window, placeFor(window, other));
+}
+
+void placeOverOwner(HWND window) {
+    const Box place = placeFor(window, GetWindow(window, GW_OWNER));
     SetWindowPos(window, nullptr, place.left, place.top, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }

@@ -27,6 +27,10 @@ void moveWindow(HWND window, const Box& box);
 // Moves a control by that much; its size stays, also that of a list that drops down from it.
 void shiftControl(HWND control, int right, int down);
 
+// Centres a window over `other`, or on the screen when that one is hidden or minimised, and keeps
+// it inside the work area; one larger than the work area is made smaller.
+void placeOver(HWND window, HWND other);
+
 // Centres a window over its owner, or on the screen when it has none or the owner is minimised,
 // and keeps it inside the work area.
 void placeOverOwner(HWND window);
