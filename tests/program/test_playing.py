@@ -1,12 +1,8 @@
 """Playing: what the external player is started with, and when."""
-import shutil
-import tempfile
-
 import pytest
 
 from harness import medium, settings
 from harness.desktop import CD_ROM, FIXED, Desktop
-from harness.paths import BUILD
 from harness.player import RecordingPlayer, windows_path
 from harness.program import Program
 from harness.steps import ALL, add_cd, choose_cd
@@ -37,27 +33,21 @@ def player(desktop):
 
 @pytest.fixture(scope="module")
 def catalogued(desktop, player):
-    """A folder of the program's files: a CD and a hard disk, the player chosen."""
-    folder = tempfile.mkdtemp(dir=BUILD)
-    with Program(desktop) as program:
-        settings.set_players(program.settings, [("Écoute", player.path)], current=1)
-        main = program.open()
+    """The program's files: a CD and a hard disk catalogued, the player chosen."""
+    with Program(desktop) as made:
+        settings.set_players(made.settings, [("Écoute", player.path)], current=1)
+        main = made.open()
         add_cd(main, "CD")
         add_cd(main, "Disque", "f:")
-        program.quit()
-        shutil.copytree(program.folder, folder, dirs_exist_ok=True)
-    yield folder
-    shutil.rmtree(folder)
+        made.quit()
+        yield list(made.folder.iterdir())
 
 
 @pytest.fixture
-def program(catalogued, desktop, player, tmp_path_factory):
-    folder = tempfile.mkdtemp(prefix="program.", dir=BUILD)
-    shutil.copytree(catalogued, folder, dirs_exist_ok=True)
+def program(catalogued, desktop, player):
     player.forget()
-    with Program(desktop, folder) as made:
+    with Program(desktop, files=catalogued) as made:
         yield made
-    shutil.rmtree(folder)
     desktop.tidy()
 
 

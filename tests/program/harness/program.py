@@ -18,16 +18,16 @@ FORGETFUL = 5.0
 class Program:
     """Brivantole.exe in a program folder of its own, on a Desktop.
 
-    `folder` is made with the shipped files when not given. The program is started by `start` and can
-    be started again after it ended.
+    `folder` is made when not given, and filled with copies of `files`. The program is started by
+    `start` and can be started again after it ended.
     """
 
-    def __init__(self, desktop, folder=None):
+    def __init__(self, desktop, folder=None, files=tuple(SHIPPED)):
         self.desktop = desktop
         self._own_folder = folder is None
         self.folder = pathlib.Path(folder or tempfile.mkdtemp(prefix="program.", dir=BUILD))
         if folder is None:
-            for path in SHIPPED:
+            for path in files:
                 shutil.copy(path, self.folder)
         self.process = None
         self._identity = None
