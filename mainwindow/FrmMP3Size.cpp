@@ -26,14 +26,7 @@ void applySize(HWND window, const catalogue::Settings& settings) {
 }
 
 int showCommand(const catalogue::Settings& settings) {
-    switch (settings.WinState) {
-        case kMinimised:
-            return SW_SHOWMINIMIZED;
-        case kMaximised:
-            return SW_SHOWMAXIMIZED;
-        default:
-            return SW_SHOWNORMAL;
-    }
+    return settings.WinState == kMaximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL;
 }
 
 void storeSizeAndState(HWND window, catalogue::Settings& settings) {

@@ -36,10 +36,6 @@ def open_beside(main):
     return window
 
 
-def minimise_active(desktop):
-    desktop.xdo("getactivewindow", "windowminimize")
-
-
 def test_the_menu_and_the_button_and_f1_open_the_manual(program):
     main = program.open()
     captions = [item["caption"] for item in main.menu_item("Aide")["items"]]
@@ -85,8 +81,7 @@ def test_the_text_fills_the_window_at_any_size(program):
         box = window.RichTextBox1.rect
         assert quit_button[0] > box[0] and quit_button[2] < box[2] and quit_button[3] < box[3]
     before = window.RichTextBox1.rect
-    minimise_active(program.desktop)
-    wait_for(lambda: window.state["minimized"], "the window minimised")
+    window.minimize()
     main.Comaide.click()
     wait_for(lambda: not window.state["minimized"], "the window restored")
     wait_for(lambda: window.RichTextBox1.rect == before and around(window) == frame, "the same text")

@@ -146,3 +146,61 @@ def test_a_higher_resolution_scales_everything(album_folder):
             program.quit()
             # Kept in twips, so that the size means the same at any resolution.
             assert settings.read(program.settings)["WinWidth"] == 10500
+
+
+def is_usable(program, main, screen=(1280, 1000)):
+    """The whole window is on the screen, both lists can be worked with."""
+    wait_for(lambda: not main.state["minimized"], "a window that can be seen")
+    frame = 4  # the window manager's, which hangs over the edge of a full screen
+    assert inside(main.rect, (-frame, -frame, screen[0] + frame, screen[1] + frame)), main.rect
+    assert main.List1.width >= 80 and main.DBList2.width >= 120
+    main.List1.click_item(ALL)
+    wait_for(lambda: main.List1.choice == ALL, "the choice")
+
+
+def test_a_window_closed_while_minimised_comes_up_to_be_seen(program):
+    main = program.open()
+    size = main.size
+    main.minimize()
+    # As the task bar does: the window itself cannot be reached.
+    program.desktop.wine("taskkill", "/im", "Brivantole.exe")
+    assert program.exit_code() == 0
+    saved = settings.read(program.settings)
+    assert saved["WinState"] == 1
+    assert (saved["WinWidth"], saved["WinHeight"]) == (size[0] * 15, size[1] * 15)
+    again = program.open()
+    is_usable(program, again)
+    assert again.size == size
+    program.quit()
+    assert settings.read(program.settings)["WinState"] == 0
+
+
+def test_a_maximised_window_comes_up_maximised_and_keeps_its_normal_size(program):
+    main = program.open()
+    size = main.size
+    main.maximize()
+    wait_for(lambda: main.state["maximized"], "the window maximised")
+    program.quit()
+    saved = settings.read(program.settings)
+    assert (saved["WinState"], saved["WinWidth"]) == (2, size[0] * 15)
+    again = program.open()
+    wait_for(lambda: again.state["maximized"], "the window maximised again")
+    is_usable(program, again)
+
+
+@pytest.mark.parametrize("values", [
+    dict(WinWidth=-30000, WinHeight=-1, List1Width=-200, DBList2Width=-400),
+    dict(WinWidth=0, WinHeight=0, List1Width=0, DBList2Width=0),
+    dict(WinWidth=2147483647, WinHeight=2147483647, List1Width=2147483647, DBList2Width=1),
+    dict(WinWidth=300000, WinHeight=200000, List1Width=5, DBList2Width=2147483647),
+    dict(WinState=1, WinWidth=-2147483648, WinHeight=12000, List1Width=-2147483648,
+         DBList2Width=-2147483648),
+    dict(WinState=77, WinWidth=12000, WinHeight=100, List1Width=3000, DBList2Width=3000),
+    dict(WinState=-1, LayoutValue1=-5, LayoutValue6=2147483647),
+])
+def test_stored_sizes_that_make_no_sense_give_a_usable_window(program, values):
+    settings.change(program.settings, **values)
+    main = program.open()
+    is_usable(program, main)
+    least = main.size[0] >= 600 and main.size[1] >= 460
+    assert least, main.size

@@ -65,14 +65,8 @@ def saved_look(program):
     return tuple(saved[name] for name in LOOK)
 
 
-def set_look(program, face, bold, italic, size, fore, back):
-    """Writes a look into the settings file: the six lines after the players."""
-    lines = program.settings.read_bytes().split(b"\r\n")
-    first = lines.index(b"Tahoma")
-    lines[first:first + 6] = [face.encode("cp1252")] + [
-        (f" {value} " if value >= 0 else f"{value} ").encode()
-        for value in (bold, italic, size, fore, back)]
-    program.settings.write_bytes(b"\r\n".join(lines))
+def set_look(program, *look):
+    settings.change(program.settings, **dict(zip(LOOK, look)))
 
 
 def test_the_menu_names_the_three_commands(program):

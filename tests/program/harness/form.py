@@ -55,6 +55,11 @@ class Window:
     def maximize(self):
         self.click_caption(times=2)
 
+    def minimize(self):
+        """Minimises the window, which is the active one, as by the button of its frame."""
+        self.desktop.xdo("getactivewindow", "windowminimize")
+        wait_for(lambda: self.state["minimized"], f"{self.name} minimised")
+
     def resize(self, width, height):
         """Drags the lower right corner until the window would have this outer size, in pixels."""
         left, top, right, bottom = self.rect

@@ -1,4 +1,4 @@
-"""The settings file, read by position."""
+"""The settings file, read and changed by position."""
 
 _LAYOUT = ("LayoutValue1", "LayoutValue4", "WinHeight", "LayoutValue2", "LayoutValue5", "WinWidth",
            "List1Width", "DBList2Width", "LayoutValue3", "LayoutValue6", "WinState")
@@ -61,3 +61,17 @@ def set_players(path, players, current=0):
                                   *(text for player in players for text in player)]
     _rewrite(path, change)
     set_text(path, "PlayerPath", "" if current == 0 else players[current - 1][1])
+
+
+def change(path, **values):
+    """Writes other values in the places of these, which are single lines."""
+    lines = path.read_bytes().decode("cp1252").split("\r\n")
+    extensions = int(lines[0]) + 1
+    places = {name: 1 + 3 * extensions + number for number, name in enumerate(_LAYOUT)}
+    players = places["WinState"] + 3
+    first = players + 1 + 2 * int(lines[players])
+    places.update((name, first + number) for number, name in enumerate(_LOOK + _CHOICES + _TEXTS))
+    for name, value in values.items():
+        lines[places[name]] = value if isinstance(value, str) else (
+            f" {value} " if value >= 0 else f"{value} ")
+    path.write_bytes("\r\n".join(lines).encode("cp1252"))
