@@ -23,6 +23,7 @@ enum class ErrorNumber : int {
     PathFileAccess = 75,
     PathNotFound = 76,
     InvalidPropertyValue = 380,
+    ClipboardInUse = 521,
     InvalidOperation = 3001,
     UpdateWithoutAddNew = 3020,
     NoCurrentRecord = 3021,

@@ -3,16 +3,25 @@
 #include <algorithm>
 #include <new>
 
+#include "base/error.h"
 #include "platform/win32/systemerror.h"
 #include "platform/win32/wide.h"
 
 namespace platform::win32 {
-
 namespace {
+
+// Programs that watch the clipboard open it for a moment after each change.
+constexpr int kAttempts = 10;
+constexpr DWORD kPause = 20;  // milliseconds
 
 class OpenedClipboard {
   public:
-    explicit OpenedClipboard(HWND owner) : open_(OpenClipboard(owner) != FALSE) {}
+    explicit OpenedClipboard(HWND owner) {
+        for (int attempt = 0; attempt < kAttempts && !open_; ++attempt) {
+            if (attempt > 0) Sleep(kPause);
+            open_ = OpenClipboard(owner) != FALSE;
+        }
+    }
     OpenedClipboard(const OpenedClipboard&) = delete;
     OpenedClipboard& operator=(const OpenedClipboard&) = delete;
     ~OpenedClipboard() {
@@ -21,7 +30,7 @@ class OpenedClipboard {
     explicit operator bool() const { return open_; }
 
   private:
-    bool open_;
+    bool open_ = false;
 };
 
 // A block of memory to be given to the clipboard.
@@ -59,7 +68,11 @@ std::u16string clipboardText() {
 
 void setClipboardText(HWND owner, std::u16string_view text) {
     const OpenedClipboard clipboard(owner);
-    if (!clipboard || !EmptyClipboard()) throw systemError(GetLastError());
+    if (!clipboard) {
+        throw base::Error(base::ErrorNumber::ClipboardInUse,
+                          u"Le presse-papiers est utilisé par un autre programme.");
+    }
+    if (!EmptyClipboard()) throw systemError(GetLastError());
     if (text.empty()) return;
     GlobalBlock block((text.size() + 1) * sizeof(wchar_t));
     auto* characters = static_cast<wchar_t*>(GlobalLock(block.get()));

@@ -203,5 +203,15 @@ TEST_F(FileSystemTest, AFailedReplacementLeavesTheOldFileAlone) {
               ErrorNumber::PathNotFound);
 }
 
+TEST_F(FileSystemTest, AFailedReplacementNamesTheFileItself) {
+    const std::u16string path = folder_.file(u"sans\\liste.txt");
+    try {
+        files_.replaceFile(path, "x");
+        FAIL();
+    } catch (const base::Error& error) {
+        EXPECT_EQ(error.place(), path);
+    }
+}
+
 }  // namespace
 }  // namespace platform::win32
