@@ -33,7 +33,9 @@ FrmMP3::FrmMP3(Program program)
 void FrmMP3::onLoad() {
     accelerators_.reset(LoadAcceleratorsW(GetModuleHandleW(nullptr), L"FrmMP3"));
     tracks_.emplace(item(FrmMP3_DBList2), program_.catalogue);
-    formats_.emplace(window(), program_.settings);
+    formats_.emplace(FrmFormatBoxes::Controls{window(), FrmMP3_CheckFormat0, FrmMP3_CommandExtMoins,
+                                              FrmMP3_CommandExtPlus, true},
+                     program_.settings, catalogue::shownColumn);
     arrange_.emplace(window());
     splitter_.emplace(item(FrmMP3_LabelReglage), *arrange_);
     // The text comes to stand between double quotation marks in the query.

@@ -12,10 +12,10 @@
 #include "catalogue/settings.h"
 #include "help/FrmAide.h"
 #include "jet/database.h"
+#include "mainwindow/FrmFormatBoxes.h"
 #include "mainwindow/FrmInfoTitre.h"
 #include "mainwindow/FrmListLook.h"
 #include "mainwindow/FrmMP3Arrange.h"
-#include "mainwindow/FrmMP3Formats.h"
 #include "mainwindow/FrmMP3Splitter.h"
 #include "mainwindow/FrmMP3Tracks.h"
 #include "mainwindow/exporting.h"
@@ -71,6 +71,7 @@ class FrmMP3 : public platform::win32::Dialog {
     void menuscan_Click();
     void menusupprimer_Click();
     void menuRechercheCD_Click();
+    void menuCopieCD_Click();
     void menuCDROM_Click();
     void menuChemin_Click();
     void MenExt_Click();
@@ -121,7 +122,7 @@ class FrmMP3 : public platform::win32::Dialog {
     std::optional<FrmMP3Arrange> arrange_;
     std::optional<FrmMP3Splitter> splitter_;
     std::optional<FrmMP3Tracks> tracks_;
-    std::optional<FrmMP3Formats> formats_;
+    std::optional<FrmFormatBoxes> formats_;
     std::optional<platform::win32::EditFilter> searchFilter_;
     FrmInfoTitre infoTitre_;
     std::optional<FrmListLook> look_;

@@ -15,8 +15,7 @@ namespace mainwindow {
 namespace ui = platform::win32;
 
 void FrmMP3::onClick(int id) {
-    if (id >= FrmMP3_CheckFormat0 && id <= FrmMP3_CheckFormat9) {
-        formats_->CheckFormat_Click(id - FrmMP3_CheckFormat0);
+    if (formats_->CheckFormat_Click(id)) {
         refreshIfAutomatic();
         return;
     }
@@ -52,6 +51,9 @@ void FrmMP3::onClick(int id) {
             break;
         case FrmMP3_menuRechercheCD:
             menuRechercheCD_Click();
+            break;
+        case FrmMP3_menuCopieCD:
+            menuCopieCD_Click();
             break;
         case FrmMP3_Label2:
         case FrmMP3_Image1:

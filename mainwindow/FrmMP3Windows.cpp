@@ -37,6 +37,11 @@ void FrmMP3::menuRechercheCD_Click() {
     showCdRomDrive();
 }
 
+void FrmMP3::menuCopieCD_Click() {
+    newcd::copyMusicFiles(scanProgram(), window());
+    showCdRomDrive();
+}
+
 void FrmMP3::menuCDROM_Click() {
     newcd::chooseCdRomDrive(scanProgram(), window());
     showCdRomDrive();

@@ -2,6 +2,8 @@
 
 #include "catalogue/cdromdrive.h"
 #include "config/cdromdrive.h"
+#include "newcd/FrmCDcopy.h"
+#include "newcd/FrmInfoCopy.h"
 #include "newcd/FrmInfoRech.h"
 #include "newcd/FrmRechCD.h"
 
@@ -38,6 +40,16 @@ void searchKnownTitles(const Program& program, HWND owner) {
     const RunTools tools = toolsOf(program);
     RunState run(program.scanState);
     FrmInfoRech(tools, run, program.settings, program.system.programs).run(owner);
+    restoreCdRomDrive(program, before);
+}
+
+void copyMusicFiles(const Program& program, HWND owner) {
+    program.scanState.ScanAnswer = 1;
+    const std::u16string before = program.settings.CdRomDrive;
+    RunState run(program.scanState);
+    if (!FrmCDcopy(program.system, program.settings, run).ask(owner)) return;
+    const RunTools tools = toolsOf(program);
+    FrmInfoCopy(tools, run, program.settings, program.system.programs).run(owner);
     restoreCdRomDrive(program, before);
 }
 
