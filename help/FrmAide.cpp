@@ -79,9 +79,8 @@ void FrmAide::open(HWND main) {
 }
 
 void FrmAide::onLoad() {
-    const HWND box = item(FrmAide_RichTextBox1);
-    SetWindowSubclass(box, leaveKeysToDialog, 0, 0);
-    ui::setAccessibleName(box, u"Manuel de Brivantole Audio");
+    SetWindowSubclass(item(FrmAide_RichTextBox1), leaveKeysToDialog, 0, 0);
+    ui::setAccessibleName(item(FrmAide_RichTextBox1), u"Manuel de Brivantole Audio");
     Form_Resize();
 }
 

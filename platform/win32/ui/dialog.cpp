@@ -1,5 +1,7 @@
 #include "platform/win32/ui/dialog.h"
 
+#include <windowsx.h>
+
 #include <exception>
 #include <utility>
 
@@ -160,7 +162,22 @@ INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+namespace {
+
+// Lets the wheel turn the list under the pointer, as newer systems do by themselves: older ones
+// send it to the control with the focus.
+void sendWheelToPointer(MSG& message) {
+    const HWND under =
+        WindowFromPoint({GET_X_LPARAM(message.lParam), GET_Y_LPARAM(message.lParam)});
+    const bool scrolls = under && (GetWindowLongPtrW(under, GWL_STYLE) & WS_VSCROLL) != 0;
+    if (scrolls && GetAncestor(under, GA_ROOT) == GetAncestor(message.hwnd, GA_ROOT))
+        message.hwnd = under;
+}
+
+}  // namespace
+
 void dispatch(MSG& message) noexcept {
+    if (message.message == WM_MOUSEWHEEL) sendWheelToPointer(message);
     try {
         if (Dialog* dialog = Dialog::of(message.hwnd); dialog && dialog->translate(message)) return;
     } catch (...) {

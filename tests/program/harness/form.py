@@ -253,6 +253,10 @@ class Control:
     def count(self):
         return self.list_view()["count"]
 
+    @property
+    def top_row(self):
+        return self.list_view()["top"]
+
     def rows(self):
         """The first column's text of every row."""
         return [row[0] for row in self.list_view(0, 1 << 20)["rows"]]

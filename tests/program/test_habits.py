@@ -1,0 +1,38 @@
+"""What every Windows program does: wheel, Tab key, the keys of menus."""
+from harness.steps import ALL, add_cd, choose_cd
+from harness.waiting import wait_for
+
+# The stops of the Tab key, as the eye goes: buttons, lists, then the rows below them.
+TAB_STOPS = ["List1", "DBList2", "Check1", "Check3", "Option1", "CommandLecteurMoins",
+             "CommandLecteurPlus", "TextRech", "CheckFormat0"]
+
+
+def focused(main):
+    return next((child["id"] for child in main.children() if child["focused"]), None)
+
+
+def test_the_wheel_turns_the_list_under_the_pointer(program, tmp_path):
+    main = program.open()
+    for number in range(120):
+        (tmp_path / f"piste {number:03}.mp3").write_bytes(bytes(200))
+    program.desktop.set_medium("e", tmp_path)
+    add_cd(main, "Cent vingt")
+    choose_cd(main, "Cent vingt")
+    main.resize(700, 480)
+    main.List1.wait(lambda: main.List1.focused, "to have the focus")
+    assert main.DBList2.top_row == 0
+    left, top, right, bottom = main.DBList2.rect
+    program.desktop.click((left + right) // 2, (top + bottom) // 2, button=5, times=3)
+    wait_for(lambda: main.DBList2.top_row > 0, "the list of tracks further down")
+    assert main.List1.focused and main.List1.choice == "Cent vingt"
+    program.desktop.click((left + right) // 2, (top + bottom) // 2, button=4, times=9)
+    wait_for(lambda: main.DBList2.top_row == 0, "the list of tracks back at its beginning")
+
+
+def test_tab_goes_through_the_window_as_the_eye_does(program):
+    main = program.open()
+    choose_cd(main, ALL)
+    stops = [main.control(name)._node()["id"] for name in TAB_STOPS]
+    for number, name in zip(stops, TAB_STOPS):
+        wait_for(lambda n=number: focused(main) == n, f"the focus on {name}")
+        main.key("Tab")

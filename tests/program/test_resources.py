@@ -1,0 +1,163 @@
+"""Rules that every dialog and menu keeps, read from the resource scripts themselves."""
+import re
+
+import pytest
+
+from harness.names import control_ids
+from harness.paths import ROOT
+
+SCRIPTS = sorted(ROOT.glob("*/Frm*.rc"))
+
+# Statements of a dialog template: "KEYWORD text, id, x, y, w, h, style" with or without the text.
+WITH_TEXT = ("LTEXT", "CTEXT", "RTEXT", "GROUPBOX", "PUSHBUTTON", "DEFPUSHBUTTON", "AUTOCHECKBOX",
+             "AUTORADIOBUTTON", "ICON")
+WITHOUT_TEXT = ("EDITTEXT", "LISTBOX", "COMBOBOX")
+LABELS = ("LTEXT", "CTEXT", "RTEXT", "GROUPBOX")
+NEED_A_LABEL = WITHOUT_TEXT + ("SysListView32", "msctls_progress32", "RICHEDIT50W")
+
+# Windows that place their controls themselves.
+OWN_LAYOUT = ("FrmMP3", "FrmAide", "FrmInfoRech", "FrmInfoCopy")
+
+
+class Statement:
+    """One control of a template."""
+
+    def __init__(self, keyword, rest):
+        self.text = ""
+        if keyword in WITH_TEXT or keyword == "CONTROL":
+            self.text, rest = re.match(r'"((?:[^"]|"")*)"\s*,\s*(.*)', rest).groups()
+        fields = [field.strip() for field in rest.split(",")]
+        self.identifier = fields[0]
+        self.form, self.name = fields[0].split("_", 1)
+        if keyword == "CONTROL":
+            self.kind, place = fields[1].strip('"'), fields[3:7]
+            self.style = fields[2]
+        else:
+            self.kind, place = keyword, fields[1:5]
+            self.style = ",".join(fields[5:])
+        self.left, self.top, self.width, self.height = map(int, place)
+        self.visible = "NOT WS_VISIBLE" not in self.style
+
+    @property
+    def right(self):
+        return self.left + self.width
+
+    @property
+    def bottom(self):
+        # A combo box tells the height of its open list; closed it is one line high.
+        return self.top + (13 if self.kind == "COMBOBOX" else self.height)
+
+    def lies_in(self, other):
+        return (other.left <= self.left and self.right <= other.right
+                and other.top <= self.top and self.bottom <= other.bottom)
+
+    def overlaps(self, other):
+        return (self.left < other.right and other.left < self.right
+                and self.top < other.bottom and other.top < self.bottom)
+
+
+def template(script):
+    """A form's name, its size in dialog units, and its controls."""
+    text = script.read_text("utf-8")
+    name, width, height = re.search(r"^(\w+) DIALOGEX 0, 0, (\d+), (\d+)", text, re.M).groups()
+    body = text[text.index("BEGIN") + 5:text.index("\nEND")]
+    controls = []
+    for line in body.splitlines():
+        keyword, _, rest = line.strip().partition(" ")
+        if keyword in WITH_TEXT + WITHOUT_TEXT + ("CONTROL",):
+            controls.append(Statement(keyword, rest))
+        else:
+            assert keyword == "" or keyword.startswith("//"), line
+    assert controls
+    return name, (int(width), int(height)), controls
+
+
+def mnemonic(caption):
+    match = re.search(r"&(\w)", caption.replace("&&", ""))
+    return match[1].upper() if match else None
+
+
+def twice(letters):
+    letters = [letter for letter in letters if letter]
+    return sorted({letter for letter in letters if letters.count(letter) > 1})
+
+
+def menus():
+    """The captions of each menu, the bar first."""
+    text = (ROOT / "mainwindow" / "FrmMP3.rc").read_text("utf-8")
+    body = text[text.index("FrmMP3 MENU\n"):text.index("FrmMP3 ACCELERATORS")]
+    bar, popups = [], []
+    for kind, caption in re.findall(r'(POPUP|MENUITEM) "([^"]*)"', body):
+        if kind == "POPUP":
+            bar.append(caption)
+            popups.append([])
+        else:
+            popups[-1].append(caption)
+    return [bar, *popups]
+
+
+@pytest.mark.parametrize("captions", menus(), ids=lambda captions: captions[0])
+def test_no_two_entries_of_a_menu_answer_to_one_letter(captions):
+    assert all(mnemonic(caption) for caption in captions)
+    assert twice(map(mnemonic, captions)) == []
+
+
+def test_no_shortcut_is_promised_twice():
+    shortcuts = [caption.split(r"\t")[1] for captions in menus() for caption in captions
+                 if r"\t" in caption]
+    assert len(shortcuts) >= 6 and twice(shortcuts) == []
+
+
+@pytest.mark.parametrize("script", SCRIPTS, ids=lambda script: script.stem)
+class TestTemplate:
+    def test_no_two_controls_answer_to_one_letter(self, script):
+        name, _, controls = template(script)
+        letters = [mnemonic(control.text) for control in controls
+                   if "SS_NOPREFIX" not in control.style]
+        if name == "FrmMP3":
+            source = (ROOT / "mainwindow" / "FrmMP3Arrange.cpp").read_text("utf-8")
+            tags = re.findall(r'\{Control::\w+, u"([^"]*&[^"]*)", L"', source)
+            assert len(tags) == 5
+            letters += map(mnemonic, tags + menus()[0])
+        assert twice(letters) == []
+
+    def test_every_control_has_a_name_for_screen_readers(self, script):
+        name, _, controls = template(script)
+        sources = "".join(path.read_text("utf-8")
+                          for path in script.parent.glob(f"{name}*.cpp"))
+        for before, control in zip([None, *controls], controls):
+            if control.kind in NEED_A_LABEL:
+                labelled = before is not None and (before.kind in LABELS and before.text != "")
+            elif "BUTTON" in control.kind.upper() or control.kind == "AUTOCHECKBOX":
+                labelled = len(control.text) > 1 or control.name.startswith("CheckFormat")
+            else:
+                continue
+            named = re.search(rf"(setAccessibleName\(\s*item\({control.identifier}\)"
+                              rf"|Control::{control.name}, u\")", sources)
+            assert labelled or named, control.identifier
+
+    def test_identifiers_are_those_of_the_form(self, script):
+        name, _, controls = template(script)
+        numbers = [control_ids()[name][control.name] for control in controls]
+        assert {control.form for control in controls} == {name}
+        assert len(set(numbers)) == len(numbers)
+
+    def test_the_font_is_the_systems_own(self, script):
+        assert 'FONT 9, "Segoe UI", 400, 0, 1' in script.read_text("utf-8")
+
+
+@pytest.mark.parametrize("script", [script for script in SCRIPTS if script.stem not in OWN_LAYOUT],
+                         ids=lambda script: script.stem)
+def test_controls_keep_the_margin_and_do_not_overlap(script):
+    _, (width, height), controls = template(script)
+    for control in controls:
+        assert control.left >= 7 and control.top >= 7, control.identifier
+        assert control.right <= width - 7 and control.bottom <= height - 6, control.identifier
+    for index, one in enumerate(controls):
+        for other in controls[index + 1:]:
+            if "GROUPBOX" in (one.kind, other.kind):
+                group, inner = (one, other) if one.kind == "GROUPBOX" else (other, one)
+                assert inner.lies_in(group) or not inner.overlaps(group), (
+                    one.identifier, other.identifier)
+            elif one.visible and other.visible:
+                assert not one.overlaps(other), (one.identifier, other.identifier)
