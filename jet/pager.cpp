@@ -84,10 +84,13 @@ uint8_t* Pager::edit(uint32_t number, PageRole role) {
         }
         return image.bytes.get();
     }
-    PageImage image{.role = role, .bytes = copyOf(page(number), pageSize_), .early = nullptr};
-    image.late = lateStage_;
+    std::unique_ptr<uint8_t[]> bytes = copyOf(page(number), pageSize_);
     if (isNew(number)) ++newImages_;
-    return images_.emplace(number, std::move(image)).first->second.bytes.get();
+    PageImage& image = images_[number];
+    image.role = role;
+    image.bytes = std::move(bytes);
+    image.late = lateStage_;
+    return image.bytes.get();
 }
 
 uint32_t Pager::extend(PageRole role) {
@@ -97,18 +100,22 @@ uint32_t Pager::extend(PageRole role) {
                               numberText(format_->maxFileSize >> 30) + u" Go.",
                           path_);
     const uint32_t number = pageCount_++;
-    PageImage image{
-        .role = role, .bytes = std::make_unique<uint8_t[]>(pageSize_), .early = nullptr};
-    images_.insert_or_assign(number, std::move(image));
+    makeZeroPage(number, role);
     ++newImages_;
     return number;
 }
 
 void Pager::takeFree(uint32_t number, PageRole role) {
     if (number < oldPageCount_) takenPages_.insert(number);
-    PageImage image{
-        .role = role, .bytes = std::make_unique<uint8_t[]>(pageSize_), .early = nullptr};
-    if (images_.insert_or_assign(number, std::move(image)).second) ++newImages_;
+    if (!images_.contains(number)) ++newImages_;
+    makeZeroPage(number, role);
+}
+
+void Pager::makeZeroPage(uint32_t number, PageRole role) {
+    PageImage& image = images_[number];
+    image = PageImage{};
+    image.role = role;
+    image.bytes = std::make_unique<uint8_t[]>(pageSize_);
 }
 
 void Pager::discard(uint32_t number) {

@@ -74,6 +74,7 @@ class Pager {
   private:
     [[noreturn]] void noSuchPage(uint32_t number) const;
     [[noreturn]] void throwBroken() const;
+    void makeZeroPage(uint32_t number, PageRole role);
     void writeNewPages();
     void writeRun(uint32_t first, std::span<const uint8_t> bytes);
     void writeBurst(const std::vector<BurstWrite>& burst);
