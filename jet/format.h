@@ -44,6 +44,7 @@ struct Format {
         uint32_t indexCounterSize;
         uint32_t columnSize;
         uint32_t indexSize;
+        uint32_t indexOwnedMap;  // inside an index
         uint32_t logicalIndexSize;
     } definition;
 
@@ -84,6 +85,7 @@ inline constexpr Format jet3{
                    .indexCounterSize = 8,
                    .columnSize = 18,
                    .indexSize = 39,
+                   .indexOwnedMap = 30,
                    .logicalIndexSize = 20},
     .column = {.number = 1,
                .variableIndex = 3,
@@ -116,6 +118,7 @@ inline constexpr Format jet4{
                    .indexCounterSize = 12,
                    .columnSize = 25,
                    .indexSize = 52,
+                   .indexOwnedMap = 34,
                    .logicalIndexSize = 28},
     .column = {.number = 5,
                .variableIndex = 7,
@@ -133,6 +136,8 @@ inline constexpr uint32_t kFreeBytes = 2;  // u16 of data pages
 inline constexpr uint32_t kOwner = 4;  // u32: definition page, kLongValueOwner, or 0 on map pages
 inline constexpr uint8_t kTypeData = 1;
 inline constexpr uint8_t kTypeDefinition = 2;
+inline constexpr uint8_t kTypeIndexNode = 3;
+inline constexpr uint8_t kTypeIndexLeaf = 4;
 inline constexpr uint8_t kTypeMap = 5;
 inline constexpr uint32_t kLongValueOwner = 0x4C41564C;  // "LVAL"
 inline constexpr uint32_t kMapBits = 4;                  // first bitmap byte of a type 5 page

@@ -58,6 +58,15 @@ bool hasPassword(const std::array<uint8_t, kHeaderBytes>& header, const Format& 
     return false;
 }
 
+// Whether opening for reading alone may succeed where `error` refused writing.
+bool isRefusalToWrite(const Error& error) {
+    return error.number() == ErrorNumber::PermissionDenied ||
+           error.number() == ErrorNumber::PathFileAccess ||
+           error.number() == ErrorNumber::NotWritable;
+}
+
+}  // namespace
+
 const Format& checkedFormat(File& file) {
     const uint64_t size = file.size();
     std::array<uint8_t, kHeaderBytes> header{};
@@ -90,15 +99,6 @@ const Format& checkedFormat(File& file) {
                     u"être ouverte.");
     return format;
 }
-
-// Whether opening for reading alone may succeed where `error` refused writing.
-bool isRefusalToWrite(const Error& error) {
-    return error.number() == ErrorNumber::PermissionDenied ||
-           error.number() == ErrorNumber::PathFileAccess ||
-           error.number() == ErrorNumber::NotWritable;
-}
-
-}  // namespace
 
 OpenedFile openDatabaseFile(FileStore& files, std::u16string_view path) {
     OpenedFile opened;

@@ -19,4 +19,7 @@ struct OpenedFile {
 // left, and checks that it is a file that we can handle. Throws as Store::open does.
 OpenedFile openDatabaseFile(FileStore& files, std::u16string_view path);
 
+// The format of a file that we can handle; throws as Store::open does.
+const Format& checkedFormat(File& file);
+
 }  // namespace jet

@@ -1,11 +1,13 @@
 #include "jet/store.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 
 #include "base/error.h"
 #include "base/text.h"
+#include "jet/catalog.h"
 #include "jet/openfile.h"
 #include "jet/storecontext.h"
 #include "jet/table.h"
@@ -17,60 +19,13 @@ namespace {
 using base::Error;
 using base::ErrorNumber;
 
-constexpr std::u16string_view kCatalogName = u"MSysObjects";
-constexpr uint32_t kPageOfId = 0xFFFFFF;  // the other byte of an object's Id is of no use to us
-
-// Values of the Type column of MSysObjects.
-constexpr double kTypeTable = 1;
-constexpr double kTypeLinkedByOdbc = 4;
-constexpr double kTypeLinked = 6;
-
-struct CatalogEntry {
-    double type = 0;
-    uint32_t page = 0;
-    std::u16string name;
-};
-
-bool isTable(double type) {
-    return type == kTypeTable || type == kTypeLinked || type == kTypeLinkedByOdbc;
-}
-
 }  // namespace
 
 struct Store::Parts {
     Parts(FileStore& files, std::u16string_view path, OpenedFile opened, uint64_t spillBytes)
         : context(files, std::u16string(path), std::move(opened.file), opened.readOnly,
                   *opened.format, spillBytes),
-          catalog(context,
-                  readTableDefinition(context.pager, page::kCatalogDefinition, kCatalogName)) {}
-
-    const Column& catalogColumn(std::u16string_view name) const {
-        const Column* column = catalog.definition().find(name);
-        if (column == nullptr)
-            throw Error(ErrorNumber::DatabaseCorrupt,
-                        u"La base de données est endommagée : sa liste de tables est illisible.");
-        return *column;
-    }
-
-    // The table or linked table of that name, which is in upper case; type 0 when there is none.
-    CatalogEntry findEntry(const std::u16string& wanted) const {
-        const Column& idColumn = catalogColumn(u"Id");
-        const Column& nameColumn = catalogColumn(u"Name");
-        const Column& typeColumn = catalogColumn(u"Type");
-        CatalogEntry entry;
-        catalog.forEachRow([&](RowId, RowView row) {
-            double id = 0;
-            if (!catalog.number(row, typeColumn, entry.type) || !isTable(entry.type) ||
-                !catalog.number(row, idColumn, id) || !catalog.text(row, nameColumn, entry.name) ||
-                base::upper(entry.name) != wanted) {
-                entry.type = 0;
-                return true;
-            }
-            entry.page = static_cast<uint32_t>(static_cast<int64_t>(id)) & kPageOfId;
-            return false;
-        });
-        return entry;
-    }
+          catalog(context) {}
 
     void endTransaction(bool committed) {
         for (const auto& [name, table] : tables)
@@ -80,7 +35,7 @@ struct Store::Parts {
     }
 
     StoreContext context;
-    Table catalog;
+    Catalog catalog;
     std::map<std::u16string, std::unique_ptr<Table>> tables;  // by their names in upper case
 };
 
@@ -111,25 +66,25 @@ const Format& Store::format() const {
 
 bool Store::hasTable(std::u16string_view name) {
     const std::u16string wanted = base::upper(name);
-    return parts_->tables.contains(wanted) || parts_->findEntry(wanted).type != 0;
+    return parts_->tables.contains(wanted) || parts_->catalog.find(wanted).has_value();
 }
 
 Table& Store::table(std::u16string_view name) {
     const std::u16string wanted = base::upper(name);
     const auto known = parts_->tables.find(wanted);
     if (known != parts_->tables.end()) return *known->second;
-    const CatalogEntry entry = parts_->findEntry(wanted);
-    if (entry.type == 0)
+    const std::optional<CatalogEntry> entry = parts_->catalog.find(wanted);
+    if (!entry)
         throw Error(ErrorNumber::TableNotFound,
                     u"La base de données n'a pas de table « " + std::u16string(name) + u" ».",
                     parts_->context.pager.path());
-    if (entry.type != kTypeTable)
+    if (entry->linked)
         throw Error(ErrorNumber::NotSupported,
                     u"La table « " + std::u16string(name) +
                         u" » est liée à un autre fichier : elle ne peut pas être ouverte.",
                     parts_->context.pager.path());
     auto opened = std::make_unique<Table>(
-        parts_->context, readTableDefinition(parts_->context.pager, entry.page, entry.name));
+        parts_->context, readTableDefinition(parts_->context.pager, entry->page, entry->name));
     return *parts_->tables.emplace(wanted, std::move(opened)).first->second;
 }
 

@@ -27,16 +27,17 @@ constexpr uint32_t kMaxColumns = 255;
     throwDamaged(u"la définition d'une table est illisible", page);
 }
 
-// The definition's pages put together: the first whole, the others without their headers.
-std::vector<uint8_t> joinPages(const Pager& pager, uint32_t first) {
+// The definition's pages put together: the first whole, the others without their headers. Their
+// numbers are appended to `numbers`.
+std::vector<uint8_t> joinPages(const Pager& pager, uint32_t first, std::vector<uint32_t>& numbers) {
     const uint32_t pageSize = pager.format().pageSize;
     std::vector<uint8_t> joined;
     for (uint32_t number = first; number != 0;) {
         const uint8_t* page = pager.page(number);
-        // A chain longer than the file bites its tail.
-        if (page[0] != page::kTypeDefinition ||
-            joined.size() > uint64_t{pager.pageCount()} * pageSize)
-            damagedDefinition(number);
+        const bool bitesItsTail =
+            std::find(numbers.begin(), numbers.end(), number) != numbers.end();
+        if (page[0] != page::kTypeDefinition || bitesItsTail) damagedDefinition(number);
+        numbers.push_back(number);
         joined.insert(joined.end(), joined.empty() ? page : page + kPageHeader, page + pageSize);
         number = get32(page + kNextPage);
     }
@@ -161,11 +162,11 @@ const Column* TableDefinition::find(std::u16string_view columnName) const {
 TableDefinition readTableDefinition(const Pager& pager, uint32_t page, std::u16string_view name) {
     const Format& format = pager.format();
     const Format::Definition& at = format.definition;
-    const std::vector<uint8_t> bytes = joinPages(pager, page);
+    TableDefinition definition;
+    const std::vector<uint8_t> bytes = joinPages(pager, page, definition.pages);
     Reader reader(bytes, page);
     const uint8_t* head = reader.take(at.indexCounters).data();
 
-    TableDefinition definition;
     definition.name = name;
     definition.page = page;
     definition.rowCount = get32(head + at.rowCount);
@@ -191,7 +192,9 @@ TableDefinition readTableDefinition(const Pager& pager, uint32_t page, std::u16s
     }
     for (Column& column : definition.columns)
         column.name = reader.takeName(format.wide);
-    reader.take(size_t{definition.indexCount} * at.indexSize);
+    for (uint32_t i = 0; i < definition.indexCount; ++i)
+        definition.indexMaps.push_back(
+            RowId{get32(reader.take(at.indexSize).data() + at.indexOwnedMap)});
     reader.take(size_t{logicalIndexCount} * at.logicalIndexSize);
     for (uint32_t i = 0; i < logicalIndexCount; ++i)
         reader.takeName(format.wide);

@@ -60,10 +60,12 @@ struct Column {
 struct TableDefinition {
     std::u16string name;
     uint32_t page = 0;            // its first definition page
+    std::vector<uint32_t> pages;  // all of them
     std::vector<Column> columns;  // in the order of their numbers; deleted ones are left out
     uint16_t columnsEver = 0;     // deleted ones included
     uint16_t variableColumnsEver = 0;
-    uint32_t indexCount = 0;  // physical ones
+    uint32_t indexCount = 0;       // physical ones
+    std::vector<RowId> indexMaps;  // the pages that each physical index owns
     RowId ownedMap;
     RowId freeMap;
     uint32_t rowCount = 0;

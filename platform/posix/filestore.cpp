@@ -137,7 +137,7 @@ std::unique_ptr<jet::File> openFile(std::u16string_view path, int flags) {
     Descriptor descriptor(::open(base::toUtf8(path).c_str(), flags | O_CLOEXEC, 0666));
     if (descriptor.get() < 0) throw systemError(errno, path);
     const bool writable = (flags & O_ACCMODE) == O_RDWR;
-    if (writable && ::flock(descriptor.get(), LOCK_EX | LOCK_NB) != 0)
+    if (::flock(descriptor.get(), (writable ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0)
         throw systemError(errno, path);
     return std::make_unique<PosixFile>(std::move(descriptor), path);
 }

@@ -3,7 +3,6 @@
 #include <functional>
 
 #include "jet/journal.h"
-#include "tests/jet/filecheck.h"
 #include "tests/jet/storefixture.h"
 
 namespace jet {
@@ -95,7 +94,7 @@ class FaultInjectionTest : public testing::TestWithParam<Scenario> {
         SCOPED_TRACE(testing::Message() << "operation " << operation);
         const std::vector<std::string> rows = contentsOf(files);
         EXPECT_EQ(rows, committed || rows != beforeRows_ ? afterRows_ : beforeRows_);
-        EXPECT_THAT(checkFile(files.get(kPath), "ListDonnees"), testing::IsEmpty());
+        EXPECT_THAT(faultsIn(files.get(kPath)), testing::IsEmpty());
         EXPECT_FALSE(files.exists(journalPath(kPath)));
     }
 

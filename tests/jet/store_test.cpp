@@ -2,7 +2,6 @@
 
 #include <limits>
 
-#include "tests/jet/filecheck.h"
 #include "tests/jet/storefixture.h"
 
 namespace jet {

@@ -6,7 +6,7 @@
 #include <variant>
 
 #include "base/text.h"
-#include "tests/jet/filecheck.h"
+#include "jet/verifier.h"
 
 namespace jet {
 
@@ -102,6 +102,17 @@ std::vector<std::string> contentsOf(fakes::FaultyFileStore& files) {
     return contents(Store::open(files, kPath)->table(kTable));
 }
 
+std::vector<std::string> faultsIn(const fakes::FileBytes& file) {
+    fakes::FaultyFileStore files;
+    files.put(kPath, file);
+    const Verification verification = verifyDatabase(files, kPath);
+    std::vector<std::string> faults;
+    for (const Finding& finding : verification.findings)
+        faults.push_back(base::toUtf8(finding.place + u": " + finding.text));
+    if (verification.lostPages != 0) faults.push_back("pages are lost");
+    return faults;
+}
+
 void appendRows(Store& store, const std::vector<Row>& rows) {
     store.begin();
     for (const Row& row : rows)
@@ -117,7 +128,7 @@ void removeRows(Store& store, const std::vector<RowId>& rows) {
 }
 
 void StoreFixture::expectSound() {
-    EXPECT_THAT(checkFile(files_.get(kPath), "ListDonnees"), testing::IsEmpty());
+    EXPECT_THAT(faultsIn(files_.get(kPath)), testing::IsEmpty());
 }
 
 }  // namespace jet

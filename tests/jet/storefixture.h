@@ -39,6 +39,9 @@ std::vector<RowId> rowIds(const Table& table);
 // Opens, does nothing else than read all of ListDonnees, closes.
 std::vector<std::string> contentsOf(fakes::FaultyFileStore& files);
 
+// What is wrong with a file, one line for each finding.
+std::vector<std::string> faultsIn(const fakes::FileBytes& file);
+
 // One transaction.
 void appendRows(Store& store, const std::vector<Row>& rows);
 void removeRows(Store& store, const std::vector<RowId>& rows);
@@ -60,7 +63,7 @@ class StoreFixture : public testing::Test {
     }
     Table& table() { return store_->table(kTable); }
 
-    // The file must pass the independent check.
+    // The file as it is on disk.
     void expectSound();
 
     fakes::FaultyFileStore files_;

@@ -1,0 +1,248 @@
+// Each rule, broken once by hand in a sound file, is found; sound files of any origin have no
+// finding.
+#include "jet/verifier.h"
+
+#include <functional>
+
+#include "base/text.h"
+#include "jet/bytes.h"
+#include "jet/format.h"
+#include "jet/journal.h"
+#include "jet/longvalue.h"
+#include "tests/jet/storefixture.h"
+
+namespace jet {
+
+namespace {
+
+using fakes::FileBytes;
+using testing::Contains;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr uint32_t kNom = 0;            // places among the columns of ListDonnees
+constexpr uint32_t kFichierCompil = 3;  // every 10th row's is a chain of pages
+constexpr uint32_t kChainedRow = 9;
+
+// A catalogue of 40 rows, and where its parts are.
+class SpoiledFile {
+  public:
+    SpoiledFile() {
+        fakes::FaultyFileStore files;
+        files.put(kPath, shippedFile());
+        const auto store = Store::open(files, kPath);
+        appendRows(*store, makeRows(0, 40));
+        const Table& table = store->table(kTable);
+        definition_ = table.definition();
+        rows_ = rowIds(table);
+        bytes_ = files.get(kPath);
+    }
+
+    const FileBytes& bytes() const { return bytes_; }
+    const TableDefinition& definition() const { return definition_; }
+    RowId row(size_t index) const { return rows_[index]; }
+    const Column& column(size_t index) const { return definition_.columns[index]; }
+    uint32_t pageCount() const { return static_cast<uint32_t>(bytes_.size() / jet4.pageSize); }
+
+    uint8_t* page(uint32_t number) { return bytes_.data() + size_t{number} * jet4.pageSize; }
+    uint8_t* slotEntry(RowId row) {
+        return page(row.page()) + jet4.dataPage.slots + 2 * row.slot();
+    }
+    uint8_t* rowBytes(RowId row) {
+        return page(row.page()) + (get16(slotEntry(row)) & slot::kOffset);
+    }
+    uint32_t rowLength(RowId row) {
+        const uint32_t end = row.slot() == 0
+                                 ? jet4.pageSize
+                                 : get16(slotEntry(RowId{row.value - 1})) & slot::kOffset;
+        return end - (get16(slotEntry(row)) & slot::kOffset);
+    }
+    // The long-value cell of a row.
+    uint8_t* cell(size_t row, size_t columnIndex) {
+        const RowView view{rowBytes(rows_[row]), rowLength(rows_[row])};
+        const Cell found = findCell(RowShape{}, view, column(columnIndex));
+        return page(0) + (found.bytes - bytes_.data());
+    }
+    void flipMapBit(RowId map, uint32_t pageNumber) {
+        const uint8_t* row = rowBytes(map);
+        const bool reference = row[0] == 1;
+        uint8_t* bits = reference ? page(get32(row + 1)) + page::kMapBits : rowBytes(map) + 5;
+        const uint32_t bit = reference ? pageNumber : pageNumber - get32(row + 1);
+        bits[bit / 8] ^= static_cast<uint8_t>(1u << bit % 8);
+    }
+
+  private:
+    FileBytes bytes_;
+    TableDefinition definition_;
+    std::vector<RowId> rows_;
+};
+
+struct Damage {
+    const char* name;
+    std::function<void(SpoiledFile&)> spoil;
+    const char* finding;
+};
+
+const Damage kDamages[] = {
+    {"WrongMagic", [](SpoiledFile& file) { file.page(0)[5] = 'X'; }, "n'est pas une base"},
+    {"CatalogueUnreadable", [](SpoiledFile& file) { file.page(page::kCatalogDefinition)[0] = 7; },
+     "page 2: La base de données est endommagée : la définition d'une table est illisible"},
+    {"DefinitionUnreadable", [](SpoiledFile& file) { file.page(file.definition().page)[0] = 7; },
+     "table ListDonnees, page 24: La base de données est endommagée : la définition"},
+    {"DefinitionBitesItsTail",
+     [](SpoiledFile& file) {
+         put32(file.page(file.definition().page) + 4, file.definition().page);
+     },
+     "la définition d'une table est illisible"},
+    {"RowCount",
+     [](SpoiledFile& file) {
+         put32(file.page(file.definition().page) + jet4.definition.rowCount, 39);
+     },
+     "table ListDonnees, page 24: La table annonce 39 enregistrements, mais elle en a 40."},
+    {"FreeBytes", [](SpoiledFile& file) { file.page(file.row(0).page())[page::kFreeBytes] ^= 1; },
+     "La place libre notée dans la page est fausse."},
+    {"Owner", [](SpoiledFile& file) { file.page(file.row(0).page())[page::kOwner] ^= 1; },
+     "La page est d'un autre type ou à un autre propriétaire."},
+    {"SlotsOutOfOrder", [](SpoiledFile& file) { put16(file.slotEntry(file.row(1)), 4095); },
+     "une page de données est incohérente"},
+    {"UsedPageIsFree",
+     [](SpoiledFile& file) { file.flipMapBit(makeRowId(page::kGlobalMap, 0), file.row(0).page()); },
+     "La page est une page d'enregistrements, alors qu'elle est notée libre."},
+    {"PageOfTwoColumns",
+     [](SpoiledFile& file) { file.flipMapBit(file.column(kNom).ownedMap, file.row(0).page()); },
+     "La page est à la fois une page d'enregistrements et une page de valeurs longues."},
+    {"RoomOnAPageOfOthers",
+     [](SpoiledFile& file) { file.flipMapBit(file.definition().freeMap, 5); },
+     "page 5: La page est notée comme ayant de la place, mais pas comme occupée."},
+    {"PagePastTheEnd",
+     [](SpoiledFile& file) { file.flipMapBit(file.definition().ownedMap, file.pageCount()); },
+     "nomme une page après la fin du fichier."},
+    {"MapUnreadable", [](SpoiledFile& file) { file.rowBytes(file.definition().ownedMap)[0] = 9; },
+     "une table d'occupation des pages est illisible"},
+    {"IndexPage",
+     [](SpoiledFile& file) {
+         for (uint32_t page = 0; page < file.pageCount(); ++page)
+             if (file.page(page)[0] == page::kTypeIndexLeaf) file.page(page)[0] = 1;
+     },
+     "La page d'index est d'un autre type ou à un autre propriétaire."},
+    {"RowOfMoreColumns", [](SpoiledFile& file) { put16(file.rowBytes(file.row(3)), 8); },
+     "Un enregistrement a plus de champs que la table."},
+    {"RowInconsistent", [](SpoiledFile& file) { put16(file.rowBytes(file.row(3)), 0x7FFF); },
+     "un enregistrement est incohérent"},
+    {"PointerToNoRow",
+     [](SpoiledFile& file) {
+         file.slotEntry(file.row(3))[1] |= 0x40;
+         put32(file.rowBytes(file.row(3)), file.row(4).value);
+     },
+     "un enregistrement renvoie à une place où il n'est pas"},
+    {"TwoPointersToOneRow",
+     [](SpoiledFile& file) {
+         file.slotEntry(file.row(4))[1] |= 0x80;
+         for (const size_t pointer : {2u, 3u}) {
+             file.slotEntry(file.row(pointer))[1] |= 0x40;
+             put32(file.rowBytes(file.row(pointer)), file.row(4).value);
+         }
+     },
+     "Deux renvois mènent au même enregistrement."},
+    {"MovedRowWithoutPointer", [](SpoiledFile& file) { file.slotEntry(file.row(4))[1] |= 0x80; },
+     "Un enregistrement déplacé n'est atteint par aucun renvoi."},
+    {"LongValueOfAnotherColumn",
+     [](SpoiledFile& file) { put32(file.cell(6, kFichierCompil) + 4, file.row(0).value); },
+     "un enregistrement nomme une valeur longue qui n'est pas au champ FichierCompil"},
+    {"LongValueOfADeletedSlot",
+     [](SpoiledFile& file) {
+         file.slotEntry(RowId{get32(file.cell(6, kFichierCompil) + 4)})[1] |= 0xC0;
+     },
+     "une valeur de type Mémo ou OLE est illisible"},
+    {"LongValueTooShort",
+     [](SpoiledFile& file) {
+         uint8_t* cell = file.cell(6, kFichierCompil);
+         put32(cell, get32(cell) + 1);
+     },
+     "une valeur longue est trop courte"},
+    {"ChainTooShort",
+     [](SpoiledFile& file) {
+         put32(file.rowBytes(RowId{get32(file.cell(kChainedRow, kFichierCompil) + 4)}), 0);
+     },
+     "un enregistrement nomme une valeur longue qui n'est pas au champ FichierCompil"},
+    {"OneLongValueOfTwoRows",
+     [](SpoiledFile& file) {
+         std::copy_n(file.cell(6, kFichierCompil), 12, file.cell(13, kFichierCompil));
+     },
+     "Deux enregistrements nomment la même valeur longue."},
+    {"LostLongValue", [](SpoiledFile& file) { put32(file.cell(6, kFichierCompil), kInlineFlag); },
+     "Une valeur longue n'est nommée par aucun enregistrement."},
+};
+
+class DamageTest : public testing::TestWithParam<Damage> {};
+
+TEST_P(DamageTest, IsFound) {
+    SpoiledFile file;
+    ASSERT_THAT(faultsIn(file.bytes()), IsEmpty());
+    GetParam().spoil(file);
+    EXPECT_THAT(faultsIn(file.bytes()), Contains(HasSubstr(GetParam().finding)));
+}
+
+INSTANTIATE_TEST_SUITE_P(All, DamageTest, testing::ValuesIn(kDamages),
+                         [](const testing::TestParamInfo<Damage>& damage) {
+                             return damage.param.name;
+                         });
+
+TEST(VerifierTest, CountsWhatIsThere) {
+    fakes::FaultyFileStore files;
+    files.put(kPath, SpoiledFile().bytes());
+    const Verification verification = verifyDatabase(files, kPath);
+    EXPECT_THAT(verification.findings, IsEmpty());
+    EXPECT_EQ(verification.pages, files.get(kPath).size() / 4096);
+    const TableSummary& table = verification.tables.back();
+    EXPECT_EQ(table.name, u"ListDonnees");
+    EXPECT_EQ(table.rows, 40u);
+    EXPECT_GT(table.longValues, 4u);
+    EXPECT_GT(table.longValuePages, 4u);
+}
+
+TEST(VerifierTest, ChangesNothingAndTellsOfAnInterruptedTransaction) {
+    fakes::FaultyFileStore files;
+    files.put(kPath, shippedFile());
+    {
+        const auto store = Store::open(files, kPath);
+        files.failAt(~uint64_t{0}, fakes::Fault::None);
+        appendRows(*store, makeRows(0, 40));
+        files.failAt(files.operations() - 3, fakes::Fault::Cut);
+        EXPECT_THROW(appendRows(*store, makeRows(0, 40)), base::Error);
+    }
+    const auto crashed = files.afterCrash({});
+    const FileBytes before = crashed->get(kPath);
+    const FileBytes journal = crashed->get(journalPath(kPath));
+    ASSERT_FALSE(journal.empty());
+    const Verification verification = verifyDatabase(*crashed, kPath);
+    ASSERT_FALSE(verification.findings.empty());
+    EXPECT_EQ(verification.findings.front().text,
+              u"Une écriture interrompue doit encore être annulée.");
+    EXPECT_EQ(crashed->get(kPath), before);
+    EXPECT_EQ(crashed->get(journalPath(kPath)), journal);
+    EXPECT_EQ(crashed->operations(), 0u);
+}
+
+TEST(VerifierTest, AnAbsentFileIsAnError) {
+    fakes::FaultyFileStore files;
+    EXPECT_EQ(errorOf([&] { verifyDatabase(files, kPath); }),
+              static_cast<int>(base::ErrorNumber::FileNotFoundByEngine));
+}
+
+class SoundSampleTest : public testing::TestWithParam<const char*> {};
+
+TEST_P(SoundSampleTest, HasNoFinding) {
+    const FileBytes bytes = sampleFile(std::string(GetParam()) + ".mdb");
+    if (bytes.empty()) GTEST_SKIP() << "no samples here";
+    EXPECT_THAT(faultsIn(bytes), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(All, SoundSampleTest,
+                         testing::Values("indexTestV2000", "overflowTestV2000",
+                                         "testUnicodeCompV2003", "overflowTestV1997",
+                                         "testIndexCodesV1997", "testV1997"));
+
+}  // namespace
+
+}  // namespace jet
