@@ -83,7 +83,8 @@ def rows_after(program):
     return as_set(catalogue.rows(program.database)), values["CdRomDrive"]
 
 
-def test_it_asks_first_and_means_no(program):
+def test_it_asks_first_and_means_no(program, desktop, media):
+    desktop.set_medium("e", media["g"])
     main = program.open()
     question = ask_rescan(main, "Cédé")
     assert (question.title, question.text) == ("Mise à jour des données", "Re-Scanner ce CD ?")
