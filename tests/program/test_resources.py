@@ -133,7 +133,7 @@ class TestTemplate:
             else:
                 continue
             named = re.search(rf"(setAccessibleName\(\s*item\({control.identifier}\)"
-                              rf"|Control::{control.name}, u\")", sources)
+                              rf"|\b{control.identifier}, u\"|Control::{control.name}, u\")", sources)
             assert labelled or named, control.identifier
 
     def test_identifiers_are_those_of_the_form(self, script):
