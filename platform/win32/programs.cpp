@@ -38,7 +38,9 @@ std::wstring searchPath() {
         filled([](wchar_t* text, DWORD size) { return GetWindowsDirectoryW(text, size); });
     const std::wstring path = filled(
         [](wchar_t* text, DWORD size) { return GetEnvironmentVariableW(L"PATH", text, size); });
-    return system + L";" + windows + L";" + path;
+    const std::wstring current =
+        filled([](wchar_t* text, DWORD size) { return GetCurrentDirectoryW(size, text); });
+    return system + L";" + windows + L";" + path + L";" + current;
 }
 
 std::wstring resolve(std::u16string_view program) {

@@ -5,7 +5,7 @@ from harness import medium, settings
 from harness.desktop import CD_ROM, FIXED, Desktop
 from harness.player import RecordingPlayer, windows_path
 from harness.program import Program
-from harness.steps import ALL, add_cd, choose_cd
+from harness.steps import ALL, add_cd, choose_cd, open_players
 from harness.waiting import wait_for
 
 CD = {"Mes airs/été à deux.mid": medium.mid(), "Mes airs/zeste.mid": medium.mid(60)}
@@ -171,6 +171,24 @@ def test_a_path_between_quotation_marks_starts_the_player_as_it_stands(program, 
     main = opened(program)
     main.DBList2.click_row(0)
     player.wait_started(f'"{player.path}" "F:\\Musique\\beau.mid"')
+
+
+def test_a_player_beside_the_program_is_started_by_its_name(program, player):
+    """Such a name can be typed, and it is accepted: the file is there."""
+    (program.folder / "lecteur.exe").write_bytes(player.file.read_bytes())
+    main = opened(program)
+    dialog = open_players(main)
+    dialog.TextNom.fill("Voisin")
+    dialog.TextChemin.fill("lecteur.exe")
+    main.key("Return")
+    wait_for(lambda: "Voisin" in dialog.ListPlayers.items(), "the new player")
+    dialog.ListPlayers.click_item("Voisin")
+    dialog.CommandOK.click()
+    dialog.wait_gone()
+    main.DBList2.click_row(0)
+    log = program.folder / "lecteur.exe.txt"
+    wait_for(lambda: log.exists() and log.read_text().endswith("\n"), "the start")
+    assert log.read_text().rstrip("\n").split("\t")[2] == 'lecteur.exe "F:\\Musique\\beau.mid"'
 
 
 def test_a_player_that_is_gone_is_reported_and_the_program_goes_on(program, player):

@@ -118,10 +118,14 @@ class CurrentFolder {
     wchar_t before_[MAX_PATH]{};
 };
 
-TEST_F(ProgramsTest, DoesNotLookInTheCurrentFolder) {
-    install(u"lecteur.exe");
+TEST_F(ProgramsTest, LooksInTheCurrentFolderLast) {
+    const std::u16string player = install(u"lecteur.exe");
+    const std::u16string namesake = install(u"hostname.exe");
     const CurrentFolder current(folder_.path());
-    EXPECT_EQ(errorOf([&] { programs_.start(u"lecteur.exe", u"lecteur.exe"); }), kFileNotFound);
+    programs_.start(u"hostname.exe", u"hostname.exe");
+    programs_.start(u"lecteur.exe", u"lecteur.exe \"E:\\a b.mp3\"");
+    EXPECT_EQ(awaitRecord(player), started(u"lecteur.exe \"E:\\a b.mp3\""));
+    EXPECT_FALSE(hasRecord(namesake));
 }
 
 TEST_F(ProgramsTest, NamesTheProgramThatIsMissing) {
