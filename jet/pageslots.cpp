@@ -9,7 +9,7 @@ namespace jet {
 namespace {
 
 uint32_t slotStart(const Format& format, const uint8_t* page, uint32_t slot) {
-    return get16(page + format.dataPage.slots + 2 * slot) & slot::kOffset;
+    return get16(page + format.dataPage.slots + size_t{2} * slot) & slot::kOffset;
 }
 
 uint32_t slotEnd(const Format& format, const uint8_t* page, uint32_t slot) {
@@ -29,7 +29,7 @@ uint32_t lowestStart(const Format& format, const uint8_t* page, uint32_t count) 
 uint32_t trimmedCount(const Format& format, const uint8_t* page) {
     uint32_t count = slotCount(format, page);
     while (count > 0) {
-        const uint32_t entry = get16(page + format.dataPage.slots + 2 * (count - 1));
+        const uint32_t entry = get16(page + format.dataPage.slots + size_t{2} * (count - 1));
         if ((entry & slot::kFlags) != slot::kDeleted) break;
         if ((entry & slot::kOffset) != slotEnd(format, page, count - 1)) break;
         --count;
@@ -50,7 +50,7 @@ void moveRows(const Format& format, uint8_t* page, uint32_t slot, uint32_t end, 
     const uint32_t from = lowestStart(format, page, count);
     std::memmove(page + static_cast<int>(from) + distance, page + from, end - from);
     for (uint32_t later = slot; later < count; ++later) {
-        uint8_t* entry = page + format.dataPage.slots + 2 * later;
+        uint8_t* entry = page + format.dataPage.slots + size_t{2} * later;
         put16(entry, static_cast<uint32_t>(get16(entry) + distance));
     }
 }
@@ -68,7 +68,7 @@ PageSlots::PageSlots(const Format& format, const uint8_t* page, uint32_t number)
 }
 
 SlotView PageSlots::at(uint32_t slot) const {
-    const uint32_t entry = get16(page_ + format_.dataPage.slots + 2 * slot);
+    const uint32_t entry = get16(page_ + format_.dataPage.slots + size_t{2} * slot);
     const uint32_t start = entry & slot::kOffset;
     const uint32_t end = slotEnd(format_, page_, slot);
     if (start < format_.dataPage.slots + 2 * count_ || start > end || end > format_.pageSize)
@@ -118,7 +118,7 @@ uint32_t insertRow(const Format& format, uint8_t* page, std::span<const uint8_t>
     const uint32_t slot = trimmedCount(format, page);
     const auto start = static_cast<uint32_t>(lowestStart(format, page, slot) - row.size());
     std::memcpy(page + start, row.data(), row.size());
-    put16(page + format.dataPage.slots + 2 * slot, start);
+    put16(page + format.dataPage.slots + size_t{2} * slot, start);
     setCounts(format, page, slot + 1);
     return slot;
 }
@@ -128,7 +128,7 @@ void eraseRow(const Format& format, uint8_t* page, uint32_t slot) {
     const uint32_t length = slotEnd(format, page, slot) - slotStart(format, page, slot);
     moveRows(format, page, slot, slotStart(format, page, slot), static_cast<int>(length));
     std::memset(page + lowest, 0, length);
-    uint8_t* entry = page + format.dataPage.slots + 2 * slot;
+    uint8_t* entry = page + format.dataPage.slots + size_t{2} * slot;
     put16(entry, (get16(entry) & slot::kOffset) | slot::kDeleted);
     setCounts(format, page, slotCount(format, page));
 }

@@ -60,7 +60,7 @@ void Ranking::update(const CachedColumn& column, std::span<const RowId> ids) {
     if (rows_.empty()) {
         rows_ = std::move(added);
     } else {
-        insert(std::move(added), column, ids);
+        insert(added, column, ids);
     }
     places_.resize(rows_.size());
     for (size_t place = 0; place < rows_.size(); ++place)
@@ -68,7 +68,7 @@ void Ranking::update(const CachedColumn& column, std::span<const RowId> ids) {
 }
 
 // Each added row is looked for its place by halving, and all are moved there in one pass.
-void Ranking::insert(std::vector<uint32_t> added, const CachedColumn& column,
+void Ranking::insert(std::span<const uint32_t> added, const CachedColumn& column,
                      std::span<const RowId> ids) {
     const auto before = [&](uint32_t a, uint32_t b) {
         const int difference = column.compare(a, b);

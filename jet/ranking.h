@@ -27,7 +27,7 @@ class Ranking {
     static size_t bytesFor(size_t rows) { return 2 * rows * sizeof(uint32_t); }
 
   private:
-    void insert(std::vector<uint32_t> added, const CachedColumn& column,
+    void insert(std::span<const uint32_t> added, const CachedColumn& column,
                 std::span<const RowId> ids);
 
     std::vector<uint32_t> rows_;

@@ -100,7 +100,7 @@ void buildRow(const Format& format, const TableDefinition& definition, const Row
         const Column& column = definition.columns[i];
         if (!column.fixed || column.type == ColumnType::Boolean || !cells.isSet[i]) continue;
         std::copy(cells.bytes[i].begin(), cells.bytes[i].end(),
-                  out.begin() + static_cast<ptrdiff_t>(format.row.countWidth + column.fixedOffset));
+                  out.begin() + static_cast<ptrdiff_t>(format.row.countWidth) + column.fixedOffset);
     }
     if (definition.variableColumnsEver != 0) {
         const size_t fixedEnd = out.size();

@@ -102,7 +102,7 @@ class TextSorter {
 void sortByText(std::vector<uint32_t>& rows, const FoldedTexts& texts, const TextOrder& order,
                 std::span<const RowId> ids) {
     const auto texted =
-        std::ranges::partition(rows, [&](uint32_t row) { return texts.isNull(row); }).begin();
+        std::partition(rows.begin(), rows.end(), [&](uint32_t row) { return texts.isNull(row); });
     std::sort(rows.begin(), texted, [ids](uint32_t a, uint32_t b) { return ids[a] < ids[b]; });
     std::vector<Entry> entries;
     entries.reserve(static_cast<size_t>(rows.end() - texted));

@@ -44,7 +44,7 @@ std::u16string columnPlace(const Column& column) {
 double decodeDecimal(const Column& column, const uint8_t* bytes) {
     double magnitude = 0;
     for (uint32_t word = 0; word < 4; ++word)
-        magnitude = magnitude * kTwoTo32 + get32(bytes + 1 + 4 * word);
+        magnitude = magnitude * kTwoTo32 + get32(bytes + 1 + size_t{4} * word);
     if (column.scale != 0) magnitude /= std::pow(10.0, column.scale);
     return (bytes[0] & kNegative) != 0 ? -magnitude : magnitude;
 }

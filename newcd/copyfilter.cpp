@@ -48,7 +48,7 @@ bool filterForCopy(const RunTools& tools, RunState& run, CopyWindow& window) {
             const Track track = run.workList[index];
             const bool keep =
                 keepsTrack(tools, run.CopyFilterText, markers ? &*markers : nullptr, track);
-            run.tables.store(run.FoundCount, 0, index);
+            run.tables.store(static_cast<size_t>(run.FoundCount), 0, index);
             addToSelection(run, track.size, keep);
             window.addTrack(track.title, keep);
         };

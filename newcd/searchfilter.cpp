@@ -17,7 +17,7 @@ void addKnown(RunState& run, SearchWindow& window, Method method, size_t index) 
     const size_t column = byTitle ? 0 : 1;
     const Track track = run.workList[index];
     window.addKnown(method, track.title);
-    run.tables.store(run.knownCounts[column]++, column, index);
+    run.tables.store(static_cast<size_t>(run.knownCounts[column]++), column, index);
     run.SizeSums[byTitle ? SizeOfKnownTitles : SizeOfKnownTitlesAndSizes] += track.size;
 }
 
