@@ -61,7 +61,7 @@ std::u16string clipboardText() {
     if (!characters) return {};
     // Another program's block need not end in a zero.
     const size_t capacity = GlobalSize(data) / sizeof(wchar_t);
-    const std::u16string text = fromWide({characters, wcsnlen(characters, capacity)});
+    std::u16string text = fromWide({characters, wcsnlen(characters, capacity)});
     GlobalUnlock(data);
     return text;
 }
