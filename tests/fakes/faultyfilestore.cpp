@@ -11,8 +11,6 @@ namespace {
 using base::Error;
 using base::ErrorNumber;
 
-constexpr size_t kCapacity = size_t{24} << 20;
-
 [[noreturn]] void throwFault(std::u16string_view path) {
     throw Error(ErrorNumber::DeviceIo, u"Panne simulée.", std::u16string(path));
 }
@@ -87,11 +85,9 @@ class FaultyFile : public jet::File {
     uint64_t mapped_ = 0;
 };
 
-FaultyFileStore::FaultyFileStore() : capacity_(kCapacity) {}
-
 void FaultyFileStore::put(std::u16string_view path, FileBytes bytes) {
     auto content = std::make_shared<Content>();
-    content->bytes.reserve(kCapacity);
+    content->bytes.reserve(std::max<size_t>(capacity_, bytes.size()));
     content->bytes.assign(bytes.begin(), bytes.end());
     content->durable = std::move(bytes);
     content->durableName = true;
@@ -130,7 +126,7 @@ void FaultyFileStore::apply(FileBytes& bytes, const Change& change) {
 }
 
 std::unique_ptr<FaultyFileStore> FaultyFileStore::afterCrash(std::optional<uint32_t> seed) const {
-    auto after = std::make_unique<FaultyFileStore>();
+    auto after = std::make_unique<FaultyFileStore>(capacity_);
     if (!seed) {
         for (const auto& [path, content] : files_)
             after->put(path, content->bytes);

@@ -28,6 +28,10 @@ enum class Fault {
 
 class FaultyFileStore : public jet::FileStore {
   public:
+    // Files get no larger than `capacity` bytes, which each of them takes in memory: small stores
+    // are quick to make and to copy.
+    explicit FaultyFileStore(uint64_t capacity = kDefaultCapacity) : capacity_(capacity) {}
+
     // Content of a file, made or replaced as if it had always been there.
     void put(std::u16string_view path, FileBytes bytes);
     // What the running system sees.
@@ -39,7 +43,7 @@ class FaultyFileStore : public jet::FileStore {
     void failAt(uint64_t operation, Fault fault);
     // Files refuse to be opened for writing.
     void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
-    // The most bytes a file may have; writing past it fails with DiskFull.
+    // The most bytes a file may have from now on; writing past it fails with DiskFull.
     void setCapacity(uint64_t bytes) { capacity_ = bytes; }
 
     // The files after the power comes back: all that was flushed, and of the rest a random choice,
@@ -55,6 +59,8 @@ class FaultyFileStore : public jet::FileStore {
 
   private:
     friend class FaultyFile;
+
+    static constexpr uint64_t kDefaultCapacity = uint64_t{24} << 20;
 
     // One change since the last flush; a resize has no bytes.
     struct Change {
@@ -85,9 +91,6 @@ class FaultyFileStore : public jet::FileStore {
     bool cut_ = false;
     bool readOnly_ = false;
     uint64_t capacity_;
-
-  public:
-    FaultyFileStore();
 };
 
 }  // namespace fakes

@@ -13,11 +13,14 @@ using fakes::Fault;
 using fakes::FaultyFileStore;
 using fakes::FileBytes;
 
-constexpr StoreOptions kSmallSpill{.spillBytes = 24576};
+// New pages are written a few at a time, each write being one that may go wrong.
+constexpr StoreOptions kSmallSpill{.spillBytes = 8192};
+constexpr uint64_t kCapacity = uint64_t{1} << 20;
 
 struct Scenario {
     const char* name;
     std::function<void(Table&)> change;  // inside a transaction, on 40 rows
+    bool keep = true;                    // commit it
 };
 
 void removeWhere(Table& table, const std::function<bool(size_t)>& chosen) {
@@ -29,6 +32,17 @@ void removeWhere(Table& table, const std::function<bool(size_t)>& chosen) {
 void appendAll(Table& table, int first, int count) {
     for (const Row& row : makeRows(first, count))
         table.append(row);
+}
+
+// As a copy run remembers the tracks that it has kept.
+void appendMarkers(Table& table) {
+    for (int number = 0; number < 120; ++number) {
+        Row row(7, Null{});
+        row[0] = std::u16string(200, u'Ω');
+        row[4] = static_cast<double>(number);
+        row[6] = std::u16string(u"T");
+        table.append(row);
+    }
 }
 
 const Scenario kScenarios[] = {
@@ -47,13 +61,28 @@ const Scenario kScenarios[] = {
              appendAll(table, 200 + 10 * round, 10);
          }
      }},
+    {"MarkersTakenBack", appendMarkers, false},
+    {"MarkersRemovedAmongNewRows",
+     [](Table& table) {
+         appendAll(table, 100, 10);
+         appendMarkers(table);
+         appendAll(table, 110, 10);
+         std::vector<RowId> markers;
+         table.forEachRow([&](RowId id, RowView row) {
+             std::u16string type;
+             if (table.text(row, table.definition().columns[6], type) && type == u"T")
+                 markers.push_back(id);
+         });
+         for (const RowId row : markers)
+             table.remove(row);
+     }},
 };
 
 class FaultInjectionTest : public testing::TestWithParam<Scenario> {
   protected:
     // A file with freed pages inside, so that new pages come from there as well as from the end.
     void SetUp() override {
-        FaultyFileStore files;
+        FaultyFileStore files(kCapacity);
         files.put(kPath, shippedFile());
         {
             const auto store = Store::open(files, kPath);
@@ -70,8 +99,17 @@ class FaultInjectionTest : public testing::TestWithParam<Scenario> {
         run(files);
         operations_ = files.operations();
         afterRows_ = contentsOf(files);
-        ASSERT_NE(afterRows_, beforeRows_);
+        ASSERT_EQ(afterRows_ != beforeRows_, GetParam().keep);
         ASSERT_GT(operations_, 10u);
+    }
+
+    // The rest of a transaction that has begun.
+    static void change(Store& store) {
+        GetParam().change(store.table(kTable));
+        if (GetParam().keep)
+            store.commit();
+        else
+            store.rollback();
     }
 
     // Opens the file, changes it; gives whether the commit came back without an error.
@@ -81,8 +119,7 @@ class FaultInjectionTest : public testing::TestWithParam<Scenario> {
         files.failAt(failingOperation, fault);
         try {
             store->begin();
-            GetParam().change(store->table(kTable));
-            store->commit();
+            change(*store);
             return true;
         } catch (const base::Error&) {
             return false;
@@ -106,7 +143,7 @@ class FaultInjectionTest : public testing::TestWithParam<Scenario> {
 
 TEST_P(FaultInjectionTest, AKilledProcessLeavesTheOldStateOrTheNew) {
     for (uint64_t operation = 0; operation < operations_; ++operation) {
-        FaultyFileStore files;
+        FaultyFileStore files(kCapacity);
         files.put(kPath, before_);
         const bool committed = run(files, operation, Fault::Cut);
         expectOldOrNew(*files.afterCrash({}), committed, operation);
@@ -115,10 +152,10 @@ TEST_P(FaultInjectionTest, AKilledProcessLeavesTheOldStateOrTheNew) {
 
 TEST_P(FaultInjectionTest, APowerCutThatLosesOrTearsUnflushedWritesDoesSo) {
     for (uint64_t operation = 0; operation < operations_; ++operation) {
-        FaultyFileStore files;
+        FaultyFileStore files(kCapacity);
         files.put(kPath, before_);
         const bool committed = run(files, operation, Fault::Cut);
-        for (uint32_t seed = 0; seed < 3; ++seed)
+        for (uint32_t seed = 0; seed < 6; ++seed)
             expectOldOrNew(*files.afterCrash(seed), committed, operation);
     }
 }
@@ -127,7 +164,7 @@ TEST_P(FaultInjectionTest, AnOperationThatFailsOnceRollsBackAndTheStoreGoesOn) {
     for (const Fault fault : {Fault::Fail, Fault::FailHalfDone}) {
         for (uint64_t operation = 0; operation < operations_; ++operation) {
             SCOPED_TRACE(testing::Message() << "operation " << operation);
-            FaultyFileStore files;
+            FaultyFileStore files(kCapacity);
             files.put(kPath, before_);
             {
                 const auto store = Store::open(files, kPath, kSmallSpill);
@@ -135,8 +172,7 @@ TEST_P(FaultInjectionTest, AnOperationThatFailsOnceRollsBackAndTheStoreGoesOn) {
                 bool committed = false;
                 try {
                     store->begin();
-                    GetParam().change(store->table(kTable));
-                    store->commit();
+                    change(*store);
                     committed = true;
                 } catch (const base::Error&) {
                     store->rollback();
@@ -144,8 +180,7 @@ TEST_P(FaultInjectionTest, AnOperationThatFailsOnceRollsBackAndTheStoreGoesOn) {
                 EXPECT_EQ(contents(store->table(kTable)), committed ? afterRows_ : beforeRows_);
                 if (!committed) {
                     store->begin();
-                    GetParam().change(store->table(kTable));
-                    store->commit();
+                    change(*store);
                 }
                 EXPECT_EQ(contents(store->table(kTable)), afterRows_);
             }
@@ -156,7 +191,7 @@ TEST_P(FaultInjectionTest, AnOperationThatFailsOnceRollsBackAndTheStoreGoesOn) {
 
 TEST_P(FaultInjectionTest, MendingMayItselfBeCutShort) {
     for (uint64_t operation = 0; operation < operations_; operation += 3) {
-        FaultyFileStore files;
+        FaultyFileStore files(kCapacity);
         files.put(kPath, before_);
         run(files, operation, Fault::Cut);
         const auto crashed = files.afterCrash({});

@@ -103,7 +103,7 @@ std::vector<std::string> contentsOf(fakes::FaultyFileStore& files) {
 }
 
 std::vector<std::string> faultsIn(const fakes::FileBytes& file) {
-    fakes::FaultyFileStore files;
+    fakes::FaultyFileStore files(file.size());
     files.put(kPath, file);
     const Verification verification = verifyDatabase(files, kPath);
     std::vector<std::string> faults;
