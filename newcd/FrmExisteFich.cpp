@@ -1,5 +1,7 @@
 #include "newcd/FrmExisteFich.h"
 
+#include <algorithm>
+
 #include "base/filename.h"
 #include "base/text.h"
 #include "newcd/FrmExisteFich.ids.h"
@@ -13,7 +15,11 @@ namespace ui = platform::win32;
 void FrmExisteFich::ask(HWND owner, std::u16string_view oldName, std::u16string_view proposedName) {
     create(owner);
     ui::setText(item(FrmExisteFich_TextAncienNom), oldName);
-    ui::setText(item(FrmExisteFich_TextNouveauNom), proposedName);
+    const HWND newName = item(FrmExisteFich_TextNouveauNom);
+    ui::setText(newName, proposedName);
+    // What is typed replaces the name and leaves its type.
+    const auto end = static_cast<LPARAM>(std::min(proposedName.rfind(u'.'), proposedName.size()));
+    SendMessageW(newName, EM_SETSEL, 0, end);
     runModal();
 }
 

@@ -20,7 +20,7 @@ namespace {
 namespace ui = platform::win32;
 
 // What a long path and a title need in a window of the least width.
-constexpr int kProgressLines = 6;
+constexpr int kProgressLines = 5;
 
 }  // namespace
 

@@ -17,7 +17,7 @@ namespace {
 namespace ui = platform::win32;
 
 // What the summary needs in a window of the least width.
-constexpr int kProgressLines = 6;
+constexpr int kProgressLines = 5;
 
 }  // namespace
 

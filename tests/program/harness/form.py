@@ -265,6 +265,15 @@ class Control:
     def selected(self):
         return self.list_view()["selected"]
 
+    def ticks(self):
+        """Whether each row's check box is ticked."""
+        return [bool(tick) for tick in self.list_view(0, 1 << 20)["checked"]]
+
+    def click_tick(self, index):
+        """Clicks the check box of a row that is in view."""
+        left, top, _, bottom = self._ask("item", index)
+        self.form.desktop.click(left - 8, (top + bottom) // 2)
+
     def click_row(self, index, button=1, times=1):
         self.form.desktop.click(*self.item_place(index), button=button, times=times)
 

@@ -41,3 +41,46 @@ def delete_cd(main, answer="Oui"):
 def open_players(main):
     main.choose("Outils", "Lecteurs Audio")
     return main.program.form("FrmPlayers")
+
+
+def open_search(main):
+    """Opens the dialog that asks for the drive to search for known titles."""
+    main.choose("Outils", "Rechercher sur un nouveau CD les titres déjà mémorisés")
+    return main.program.form("FrmRechCD")
+
+
+def search(main, drive="e:"):
+    """Searches a drive for known titles and waits for the results."""
+    dialog = open_search(main)
+    if dialog.DriveRech.choice[:2].lower() != drive:
+        dialog.DriveRech.choose_entry(drive)
+    dialog.CommandOK.click()
+    results = main.program.form("FrmInfoRech")
+    wait_for(lambda: results.CommandOkannul.text == "OK", "the end of the search")
+    return results
+
+
+def open_copy(main):
+    """Opens the dialog that sets a copy up."""
+    main.choose("Outils", "Copier les fichiers musicaux d'un nouveau CD sur le disque dur")
+    return main.program.form("FrmCDcopy")
+
+
+def begin_copy(main, setup=lambda dialog: None):
+    """Sets a copy up, as it stands but for what `setup` does, and waits for the choice of tracks."""
+    dialog = open_copy(main)
+    setup(dialog)
+    dialog.ComCopierOK.click()
+    window = main.program.form("FrmInfoCopy")
+    wait_for(lambda: window.LabelInfoCopy.text.startswith("Analyse terminée."), "the tracks")
+    return window
+
+
+def finish_copy(window):
+    """Copies what is ticked, waits for the end and closes the window; gives the summary."""
+    window.CommandCopier.click()
+    wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
+    summary = window.LabelInfoCopy.text
+    window.ComAnnuleCopie.click()
+    window.program.wait_gone("FrmInfoCopy")
+    return summary

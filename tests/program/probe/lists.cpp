@@ -81,6 +81,13 @@ void tellListView(Json& json, HWND window, int first, int count) {
         }
         json.endArray();
     }
+    json.endArray().key("checked").beginArray();
+    // The pictures of check boxes are counted from 1: empty, ticked.
+    constexpr LRESULT kTicked = INDEXTOSTATEIMAGEMASK(2);
+    for (int row = first; row < std::min(first + count, rows); ++row) {
+        json.number(ask(window, LVM_GETITEMSTATE, static_cast<WPARAM>(row), LVIS_STATEIMAGEMASK) ==
+                    kTicked);
+    }
     json.endArray().endObject();
 }
 
