@@ -46,6 +46,8 @@ void FrmInfoRech::onLoad() {
     ui::setAccessibleName(item(FrmInfoRech_List1), ui::textOf(item(FrmInfoRech_Label1_0)));
     ui::setAccessibleName(item(FrmInfoRech_List2), ui::textOf(item(FrmInfoRech_Label1_1)));
     ui::setAccessibleName(item(FrmInfoRech_Progression), u"Progression");
+    look_.emplace(window(), settings_.Look,
+                  std::array{item(FrmInfoRech_List1), item(FrmInfoRech_List2)});
     controls_.emplace(
         FrmRunControls::Controls{window(), item(FrmInfoRech_Label2), item(FrmInfoRech_Progression),
                                  item(FrmInfoRech_CommandOkannul)},

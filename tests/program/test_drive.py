@@ -31,6 +31,7 @@ def main(program):
     assert window.Label2.text == "E:\\"
     yield window
     program.desktop.tidy()
+    program.only_main_window()
 
 
 def open_choice(main):

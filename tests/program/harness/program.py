@@ -117,6 +117,12 @@ class Program:
         wait_for(lambda: not self.running, "the end of the program")
         return self.process.returncode
 
+    def only_main_window(self):
+        """Starts the program anew when a failed test has left other windows open, or none."""
+        if [window["class"] for window in self.windows()] != ["FrmMP3"]:
+            self.kill()
+            self.open()
+
     def quit(self):
         """Closes the main window as its user does, and waits for the program's end."""
         self.form("FrmMP3").close()
