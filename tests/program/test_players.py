@@ -3,6 +3,7 @@ import pytest
 
 from harness import settings
 from harness.player import RecordingPlayer, windows_path
+from harness.program import Program
 from harness.steps import open_players
 from harness.waiting import wait_for
 
@@ -16,14 +17,34 @@ def paths(desktop):
     return {letter: RecordingPlayer(desktop, f"Lecteurs/{letter}.exe").path for letter in "abcd"}
 
 
+def open_with_abc(program, paths, current):
+    settings.set_players(program.settings, [(letter.upper(), paths[letter]) for letter in "abc"],
+                         current)
+    return program.open()
+
+
 @pytest.fixture
 def abc(program, paths):
     """Lets the program start with the players A, B and C, `current` chosen."""
-    def start(current=0):
-        settings.set_players(program.settings, [(letter.upper(), paths[letter]) for letter in "abc"],
-                             current)
-        return program.open()
-    return start
+    return lambda current=0: open_with_abc(program, paths, current)
+
+
+@pytest.fixture(scope="module")
+def looked_at(desktop, paths):
+    """A program with these players, for tests that change none of them."""
+    with Program(desktop) as made:
+        open_with_abc(made, paths, 0)
+        yield made
+
+
+@pytest.fixture
+def dialog(looked_at):
+    """Its players window, just opened."""
+    opened = open_players(looked_at.form("FrmMP3"))
+    yield opened
+    looked_at.desktop.tidy()
+    looked_at.desktop.keys("Escape")
+    opened.wait_gone()
 
 
 def add(dialog, name, path):
@@ -62,9 +83,8 @@ def current_of(values):
     return values["CurrentPlayer"], values["CurrentPlayerName"], values["PlayerPath"]
 
 
-def test_the_dialog_says_what_it_does(abc):
-    main = abc()
-    dialog = open_players(main)
+def test_the_dialog_says_what_it_does(looked_at, dialog):
+    main = looked_at.form_or_none("FrmMP3")
     assert dialog.title == "Players Audio"
     assert dialog.Label4.text == "Lecteurs Audio"
     assert dialog.Label3.text == (
@@ -91,8 +111,7 @@ def test_a_click_on_the_label_opens_it_too(program):
     assert dialog.TextNom.focused
 
 
-def test_the_add_button_wants_a_name_and_a_path(program):
-    dialog = open_players(program.open())
+def test_the_add_button_wants_a_name_and_a_path(dialog):
     dialog.TextNom.fill("Lecteur")
     assert not dialog.CommandAjouter.enabled
     dialog.TextChemin.fill("  ")
@@ -103,8 +122,7 @@ def test_the_add_button_wants_a_name_and_a_path(program):
     wait_for(lambda: not dialog.CommandAjouter.enabled, "the add button disabled")
 
 
-def test_separators_cannot_be_typed_into_the_path_but_a_path_can_be_pasted(program, paths):
-    dialog = open_players(program.open())
+def test_separators_cannot_be_typed_into_the_path_but_a_path_can_be_pasted(dialog, paths):
     dialog.TextChemin.fill("a\\b/c:d*e?f<g>h|i\"j.exe -k")
     wait_for(lambda: dialog.TextChemin.text == "abcdefghij.exe -k", "the letters alone")
     dialog.TextNom.fill("a/b: c")
@@ -127,18 +145,17 @@ def test_browsing_begins_in_the_program_folder_and_gives_a_full_path(program):
              "the path")
 
 
-def test_a_cancelled_browsing_changes_nothing_and_the_picture_obeys_the_keyboard(program):
-    dialog = open_players(program.open())
+def test_a_cancelled_browsing_changes_nothing_and_the_picture_obeys_the_keyboard(looked_at, dialog):
     dialog.TextNom.fill("moi")
     dialog.TextChemin.fill("avant")
-    program.desktop.keys("Tab")
+    dialog.key("Tab")
     wait_for(lambda: dialog.Picture1.focused, "the picture to have the focus")
-    program.desktop.keys("space")
-    browser = program.message()
-    program.desktop.keys("Escape")
+    dialog.key("space")
+    browser = looked_at.message()
+    dialog.key("Escape")
     browser.wait_gone()
     assert dialog.TextChemin.text == "avant" and dialog.TextNom.text == "moi"
-    assert program.message_or_none() is None
+    assert looked_at.message_or_none() is None
 
 
 def test_the_first_player_becomes_current_at_once(program, paths):
@@ -182,19 +199,16 @@ def saved_after_closing(program, dialog):
 
 
 @pytest.mark.parametrize("path", ["C:\\Lecteurs\\absent.exe", "C:\\Lecteurs", "pas un chemin"])
-def test_an_executable_that_cannot_be_opened_is_refused(program, abc, path):
-    main = abc(current=1)
-    dialog = open_players(main)
+def test_an_executable_that_cannot_be_opened_is_refused(looked_at, dialog, path):
     add(dialog, " neuf ", path)
-    box = program.message()
+    box = looked_at.message()
     assert (box.title, box.text) == ("Fichier incorrect", INVALID)
     assert box.buttons() == ["OK"] and not box.has_icon
     box.answer("OK")
     wait_for(lambda: dialog.TextChemin.focused, "the path to have the focus")
     assert (dialog.TextNom.text, dialog.TextChemin.text) == ("Neuf", path)
     assert dialog.ListPlayers.items() == ["A", "B", "C"]
-    values = saved_after_closing(program, dialog)
-    assert players_of(values) == ["A", "B", "C"] and values["CurrentPlayer"] == 1
+    assert looked_at.form_or_none("FrmMP3").LabelLecteur.text == "Aucun"
 
 
 def test_the_201st_player_is_refused_and_the_200_stay(program, paths):
@@ -220,8 +234,7 @@ def test_the_201st_player_is_refused_and_the_200_stay(program, paths):
     assert saved(program)["PlayerTable"] == table[:199] + [("P200", paths["a"])]
 
 
-def test_a_choice_fills_the_boxes(abc, paths):
-    dialog = open_players(abc())
+def test_a_choice_fills_the_boxes(dialog, paths):
     dialog.ListPlayers.click_item("B")
     wait_for(lambda: dialog.TextNom.text == "B", "the name")
     assert dialog.TextChemin.text == paths["b"]
@@ -314,15 +327,14 @@ def test_enter_adds_in_the_boxes_and_chooses_in_the_list(program, abc, paths):
     label_shows(main, "D")
 
 
-def test_the_tab_key_follows_the_eye(abc, program):
-    dialog = open_players(abc())
-    program.desktop.keys("Down")
+def test_the_tab_key_follows_the_eye(dialog):
+    dialog.key("Down")
     wait_for(lambda: dialog.CommandSupprimer.enabled, "every control usable")
     order = [dialog.ListPlayers, dialog.TextNom, dialog.TextChemin, dialog.Picture1,
              dialog.CommandAjouter, dialog.CommandSupprimer, dialog.CommandOK, dialog.ListPlayers]
     for control in order:
         wait_for(lambda: control.focused, f"{control.name} to have the focus")
-        program.desktop.keys("Tab")
+        dialog.key("Tab")
 
 
 def test_stepping_goes_round_with_none_as_one_stop(program, abc, paths):

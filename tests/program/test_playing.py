@@ -145,6 +145,17 @@ def test_without_a_player_nothing_is_started_or_written(program, player):
     player.wait_started(list_command(program, player))
 
 
+def test_a_playlist_that_cannot_be_written_is_reported_and_not_played(program, player):
+    playlist(program).mkdir()
+    main = opened(program)
+    main.DBList2.click_row(0, times=2)
+    report = program.message()
+    assert windows_path(playlist(program)) in report.text
+    report.answer("OK")
+    assert main.state["enabled"]
+    player.wait_started(f'{player.path} "F:\\Musique\\beau.mid"')
+
+
 def test_the_program_goes_on_while_the_player_plays(program, player):
     player.stay()
     main = opened(program)
