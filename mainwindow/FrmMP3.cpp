@@ -175,9 +175,13 @@ std::optional<LRESULT> FrmMP3::onStaticColours(HDC dc, HWND control) const {
 
 void FrmMP3::Form_Resize() {
     if (!arrange_ || IsIconic(window())) return;
-    // Later: a window manager that is just telling of a new size would not hear of another.
-    if (ui::isSmaller(window(), leastSize(window())))
+    if (ui::isSmaller(window(), leastSize(window()))) {
+        // Later: a window manager that is just telling of a new size would not hear of another.
+        // Nothing is laid out meanwhile: in too small a window the lists would lose their
+        // proportion for good.
         PostMessageW(window(), kEnforceLeastSize, 0, 0);
+        return;
+    }
     arrange_->apply();
 }
 

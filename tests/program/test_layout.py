@@ -48,13 +48,14 @@ def test_a_low_window_has_compact_buttons(program):
     wait_for(lambda: [main.control(name).text for name in BUTTONS] == captions, "the captions")
 
 
-@pytest.mark.parametrize("size", [(600, 460), (800, 640), (1000, 760)])
-def test_every_control_lies_inside_and_none_on_another(program, size):
-    main = program.open()
-    main.resize(*size)
-    becomes(main, *size)
-    shown = {child["id"]: child for child in main.children() if child["visible"]
-             and child["id"] > 1000}
+def shown_controls(main):
+    return {child["id"]: child for child in main.children() if child["visible"]
+            and child["id"] > 1000}
+
+
+def all_inside_and_apart(main):
+    """Every control lies inside the window, none on another, and the band below the lists."""
+    shown = shown_controls(main)
     for child in shown.values():
         assert inside(child["rect"], main.rect), child
     places = [child["rect"] for child in shown.values()]
@@ -66,6 +67,14 @@ def test_every_control_lies_inside_and_none_on_another(program, size):
         assert main.control(name).rect[1] >= main.DBList2.rect[3]
 
 
+@pytest.mark.parametrize("size", [(600, 460), (800, 640), (1000, 760)])
+def test_every_control_lies_inside_and_none_on_another(program, size):
+    main = program.open()
+    main.resize(*size)
+    becomes(main, *size)
+    all_inside_and_apart(main)
+
+
 def test_a_resize_keeps_the_proportion_of_the_lists(program):
     main = program.open()
     main.resize(800, 640)
@@ -75,6 +84,17 @@ def test_a_resize_keeps_the_proportion_of_the_lists(program):
     becomes(main, 1000, 700)
     wait_for(lambda: main.List1.height == main.DBList2.height, "the new layout")
     assert main.List1.width / main.DBList2.width == pytest.approx(before, rel=0.02)
+
+
+def test_a_window_dragged_to_nothing_and_back_keeps_the_proportion_too(program):
+    main = program.open()
+    main.resize(900, 640)
+    becomes(main, 900, 640)
+    before = main.List1.width / main.DBList2.width
+    main.resize(120, 120)
+    becomes(main, 600, 460)
+    wait_for(lambda: main.List1.width / main.DBList2.width == pytest.approx(before, rel=0.02),
+             "the lists in their proportion")
 
 
 def drag_splitter(main, distance):
@@ -94,12 +114,12 @@ def test_the_splitter_moves_width_from_one_list_to_the_other(program):
     assert settings.read(program.settings)["List1Width"] == left + 40
 
 
-def push_splitter(main, step):
+def push_splitter(main, step, least_left=80, least_right=120):
     """Drags step by step as long as a step is allowed, then twenty more steps; lets go."""
     x, y = centre(main.LabelReglage.rect)
     main.desktop.press(x, y)
     left, right = main.List1.width, main.DBList2.width
-    while left + step >= 80 and right - step >= 120:
+    while left + step >= least_left and right - step >= least_right:
         left, right, x = left + step, right - step, x + step
         main.desktop.move(x, y)
         wait_for(lambda: main.List1.width == left, f"the list of media {left} wide")
@@ -132,20 +152,40 @@ def test_size_and_split_come_back_at_the_next_start(program):
     assert (again.List1.width, again.DBList2.width) == widths
 
 
-def test_a_higher_resolution_scales_everything(album_folder):
-    with Desktop(medium=album_folder, dpi=144, size="2400x1800") as desktop:
-        with Program(desktop) as program:
-            main = program.open()
-            assert main.List1.items() == [ALL]
-            main.resize(1050, 960)
-            becomes(main, 1050, 960)
-            wait_for(lambda: main.Command1.height == 90, "buttons at one and a half times the size")
-            for child in main.children():
-                if child["visible"]:
-                    assert inside(child["rect"], main.rect), child
-            program.quit()
-            # Kept in twips, so that the size means the same at any resolution.
-            assert settings.read(program.settings)["WinWidth"] == 10500
+@pytest.mark.parametrize("dpi", [120, 144, 192])
+def test_a_higher_resolution_scales_everything(album_folder, dpi):
+    def px(design_pixels):
+        return round(design_pixels * dpi / 96)
+
+    def at(value, design_pixels):
+        return abs(value - px(design_pixels)) <= 1
+
+    size = f"{px(1280)}x{px(1000)}"
+    with Desktop(medium=album_folder, dpi=dpi, size=size) as desktop, Program(desktop) as program:
+        main = program.open()
+        assert main.List1.items() == [ALL]
+        main.resize(100, 100)
+        becomes(main, px(600), px(460))
+        wait_for(lambda: all(at(main.control(name).height, 45) for name in BUTTONS), "compact buttons")
+        all_inside_and_apart(main)
+        main.resize(px(700), px(640))
+        becomes(main, px(700), px(640))
+        wait_for(lambda: all(at(main.control(name).height, height)
+                             for name, height in zip(BUTTONS, NORMAL_HEIGHTS)), "high buttons")
+        all_inside_and_apart(main)
+        assert at(main.List1.rect[0] - main.Command1.rect[2], 16)
+        assert at(main.DBList2.rect[0] - main.List1.rect[2], 16)
+        assert at(main.Check1.rect[1] - main.DBList2.rect[3], 14)
+        assert at(main.Label2.rect[1] - main.DBList2.rect[3], 43)
+        left, right = push_splitter(main, -10, px(80), px(120))
+        main.List1.click_item(ALL)
+        wait_for(lambda: main.List1.choice == ALL, "the choice")
+        assert (main.List1.width, main.DBList2.width) == (left, right)
+        program.quit()
+        # Kept in twips and design pixels, so that the sizes mean the same at any resolution.
+        saved = settings.read(program.settings)
+        assert (saved["WinWidth"], saved["WinHeight"]) == (10500, 9600)
+        assert saved["List1Width"] == round(left * 96 / dpi)
 
 
 def is_usable(program, main, screen=(1280, 1000)):
