@@ -3,6 +3,7 @@ import re
 
 import pytest
 
+from harness.form import plain
 from harness.names import control_ids
 from harness.paths import ROOT
 
@@ -82,6 +83,14 @@ def twice(letters):
     return sorted({letter for letter in letters if letters.count(letter) > 1})
 
 
+def action_buttons():
+    """The texts of the main window's action buttons, which it sets itself."""
+    source = (ROOT / "mainwindow" / "FrmMP3Arrange.cpp").read_text("utf-8")
+    tags = re.findall(r'\{Control::\w+, u"([^"]*&[^"]*)", L"', source)
+    assert len(tags) == 5
+    return tags
+
+
 def menus():
     """The captions of each menu, the bar first."""
     text = (ROOT / "mainwindow" / "FrmMP3.rc").read_text("utf-8")
@@ -108,6 +117,29 @@ def test_no_shortcut_is_promised_twice():
     assert len(shortcuts) >= 6 and twice(shortcuts) == []
 
 
+def captions_of_the_program():
+    """Every caption as it is read: menus, controls, titles, action buttons."""
+    scripts = "".join(script.read_text("utf-8") for script in SCRIPTS)
+    found = re.findall(r'(?:POPUP|MENUITEM|CAPTION|\w*TEXT|\w*BUTTON|\w*BOX) "([^"]+)"', scripts)
+    found += action_buttons()
+    return {plain(caption.split(r"\t")[0]) for caption in found}
+
+
+def test_the_manual_names_commands_as_the_program_does():
+    manual = (ROOT / "help" / "manuel.md").read_text("utf-8")
+    named = re.findall(r"(?:liquez sur|hoisissez|enêtre|zone|bouton|menu|puis|Commande :)"
+                       r"(?: le bouton)? \*\*(.+?)\*\*", manual)
+    assert len(named) > 20
+    assert [name for name in named if name not in captions_of_the_program()] == []
+
+
+def test_the_manual_tells_of_every_command():
+    manual = (ROOT / "help" / "manuel.md").read_text("utf-8")
+    commands = {plain(caption.split(r"\t")[0]) for captions in menus()[1:] for caption in captions}
+    untold = {command for command in commands if f"**{command}**" not in manual}
+    assert untold == {"Quitter", "Aide", "A propos de"}
+
+
 @pytest.mark.parametrize("script", SCRIPTS, ids=lambda script: script.stem)
 class TestTemplate:
     def test_no_two_controls_answer_to_one_letter(self, script):
@@ -115,10 +147,7 @@ class TestTemplate:
         letters = [mnemonic(control.text) for control in controls
                    if "SS_NOPREFIX" not in control.style]
         if name == "FrmMP3":
-            source = (ROOT / "mainwindow" / "FrmMP3Arrange.cpp").read_text("utf-8")
-            tags = re.findall(r'\{Control::\w+, u"([^"]*&[^"]*)", L"', source)
-            assert len(tags) == 5
-            letters += map(mnemonic, tags + menus()[0])
+            letters += map(mnemonic, action_buttons() + menus()[0])
         assert twice(letters) == []
 
     def test_every_control_has_a_name_for_screen_readers(self, script):
