@@ -17,8 +17,9 @@ sys.path.insert(0, str(ROOT / "tests" / "program"))
 from harness import catalogue, settings  # noqa: E402  (found by the line above)
 from harness.desktop import Desktop  # noqa: E402
 from harness.paths import BUILD, SAMPLE_MEDIUM  # noqa: E402
+from harness.player import RecordingPlayer, windows_path  # noqa: E402
 from harness.program import Program  # noqa: E402
-from harness.steps import ALL, add_cd, choose_cd, delete_cd, open_new_cd  # noqa: E402
+from harness.steps import ALL, add_cd, choose_cd, delete_cd, open_new_cd, open_players  # noqa: E402
 from harness.waiting import wait_for  # noqa: E402
 
 SHOTS = BUILD / "demo"
@@ -61,7 +62,8 @@ class Demo:
         return count
 
     def watch_percentage(self, dialog):
-        """The percentages that the dialog shows until it goes, which only grow."""
+        """The percentages that the dialog shows until it goes, which only grow. None are seen of a scan
+        that takes no longer than a look."""
         seen = []
 
         def gone():
@@ -77,8 +79,9 @@ class Demo:
         # The scan does not wait for a picture of it.
         photographer = threading.Thread(target=self.shoot, args=["percentage"])
         wait_for(gone, "the end of the scan")
-        assert seen and seen == sorted(seen), seen
-        photographer.join()
+        assert seen == sorted(seen), seen
+        if seen:
+            photographer.join()
         return seen
 
     def add_the_medium(self):
@@ -90,10 +93,10 @@ class Demo:
         with self.step("the CD gets its name"):
             self.desktop.type("Été 2024")
             wait_for(lambda: dialog.TextNouveau.text == "Été 2024", "the name")
-        with self.step("the scan shows its percentage"):
+        with self.step("the CD is scanned"):
             dialog.CommandNouveauOK.click()
-            seen = self.watch_percentage(dialog)
-            print("  ", ", ".join(f"{percent} %" for percent in seen), flush=True)
+            for percent in self.watch_percentage(dialog):
+                print("  ", f"{percent} %", flush=True)
         with self.step("the new CD is chosen with its tracks beside it"):
             self.program.wait_gone("FrmNouveauCD")
             assert self.main.List1.items() == [ALL, "Été 2024"]
@@ -154,6 +157,65 @@ class Demo:
             self.main.choose("Outils", "Actualiser l'affichage")
             wait_for(lambda: self.main.DBList2.count == before, "every track")
 
+    def look_at_a_track(self):
+        with self.step("a track's details are shown while the right button is held"):
+            choose_cd(self.main, "Été 2024")
+            self.main.DBList2.press_row(0, button=3)
+            details = wait_for(lambda: self.program.form_or_none("FrmInfoTitre"), "the details")
+            assert any(child["text"] == "Été 2024" for child in details.children())
+        with self.step("they are gone once it is released"):
+            self.desktop.release(3)
+            details.wait_gone()
+
+    def play(self):
+        player = RecordingPlayer(self.desktop, "Lecteurs/mon lecteur.exe")
+        with self.step("a player is added and becomes the current one"):
+            dialog = open_players(self.main)
+            dialog.TextNom.fill("mon lecteur")
+            dialog.TextChemin.paste(player.path)
+            dialog.CommandAjouter.click()
+            wait_for(lambda: self.main.LabelLecteur.text == "Mon lecteur", "the player's name")
+        with self.step("the window of players is closed"):
+            dialog.CommandOK.click()
+            dialog.wait_gone()
+        with self.step("a double click plays the track and then the whole list"):
+            self.main.DBList2.click_row(0, times=2)
+            wait_for(lambda: len(player.starts()) == 2, "both starts of the player")
+            for command in player.starts():
+                print("  ", command, flush=True)
+            playlist = self.program.folder / "Brivantole.m3u"
+            assert windows_path(playlist) in player.starts()[1]
+            lines = playlist.read_bytes().decode("cp1252").splitlines()
+            assert len(lines) == self.main.DBList2.count
+
+    def take_the_list_along(self):
+        with self.step("the list is copied to the clipboard"):
+            self.main.comcopier.click()
+            text = "".join(row + "\r\n" for row in self.main.DBList2.rows())
+            wait_for(lambda: self.desktop.probe.ask("clipboard") == text, "the list")
+        target = self.program.folder / "liste.txt"
+        with self.step("the list is saved to a file"):
+            self.main.comsave.click()
+            dialog = self.program.message()
+            self.desktop.paste(windows_path(target))
+            self.desktop.keys("Return")
+            dialog.wait_gone()
+            wait_for(lambda: target.exists() and target.read_bytes() == text.encode("cp1252"),
+                     "the saved list")
+
+    def scan_again(self):
+        with self.step("the program asks before it scans a CD again"):
+            self.main.choose("Fichier", "Re-scanner le CD")
+            question = self.program.message()
+            self.shoot("question")
+            before = self.count_is_exact()
+            question.answer("Oui")
+        with self.step("the CD is scanned again and chosen as before"):
+            wait_for(lambda: self.main.state["enabled"] and
+                     self.program.form_or_none("FrmNouveauCD") is None, "the end of the scan")
+            assert self.main.List1.choice == "Été 2024"
+            assert self.count_is_exact() == before
+
     def change_types(self):
         with self.step("an audio format is added"):
             self.main.choose("Outils", "Types de fichiers Audio")
@@ -209,6 +271,10 @@ def main():
             demo.add_the_medium()
             demo.filter_and_sort()
             demo.search()
+            demo.look_at_a_track()
+            demo.play()
+            demo.take_the_list_along()
+            demo.scan_again()
             demo.change_types()
             demo.delete()
             demo.start_again()
