@@ -22,7 +22,8 @@ void requireWritable(const TableDefinition& definition) {
         throw Error(ErrorNumber::NotSupported,
                     table +
                         u" a un index ou une clé, que ce programme ne tient pas à jour : elle "
-                        u"ne peut pas être modifiée.");
+                        u"ne peut pas être modifiée. Ouvrez la base de données dans Access, "
+                        u"supprimez les index et la clé de la table, puis réessayez.");
     if (definition.ownedMap.value == 0 || definition.freeMap.value == 0)
         throw Error(ErrorNumber::NotSupported, table + u" ne peut pas être modifiée.");
     for (const Column& column : definition.columns) {

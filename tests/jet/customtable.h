@@ -1,11 +1,12 @@
-// The shipped file with other columns in its table, written byte by byte, to meet what catalogues
-// made elsewhere may hold.
+// Files with other columns in ListDonnees than the shipped one, or of the other version, written
+// byte by byte, to meet what catalogues made elsewhere may hold.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <vector>
 
+#include "jet/format.h"
 #include "jet/tabledefinition.h"
 #include "tests/fakes/faultyfilestore.h"
 
@@ -23,10 +24,13 @@ struct CustomColumn {
     bool afterDeletedColumn = false;
 };
 
-// ListDonnees is empty and has these columns, at most four of them Memo or Ole.
-fakes::FileBytes fileWithColumns(const std::vector<CustomColumn>& columns);
+// ListDonnees is empty and has these columns, at most four of them Memo or Ole, and so many indexes
+// (of the first column, without pages). The file of the older version holds nothing but this table
+// and the list of tables.
+fakes::FileBytes fileWithColumns(const Format& format, const std::vector<CustomColumn>& columns,
+                                 uint32_t indexCount = 0);
 
-// The page where the definition of ListDonnees starts.
-uint32_t definitionPage();
+// The columns of the shipped file, as a file of `format` has them.
+std::vector<CustomColumn> shippedColumns(const Format& format);
 
 }  // namespace jet

@@ -112,7 +112,7 @@ bool sameCell(const Value& value, const Column& column, const std::string& print
     if (const auto* flag = std::get_if<bool>(&value)) return compare(*flag ? "1" : "0");
     if (const auto* whole = std::get_if<int64_t>(&value)) return compare(std::to_string(*whole));
     if (const auto* text = std::get_if<std::u16string>(&value)) {
-        if (text->empty() && column.type == ColumnType::Memo) return compare(kMdbNull);
+        if (text->empty() && (!wide || column.type == ColumnType::Memo)) return compare(kMdbNull);
         return compare(mdbText(*text, wide));
     }
     if (const auto* real = std::get_if<double>(&value)) {

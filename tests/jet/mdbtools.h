@@ -31,7 +31,7 @@ std::string mdbSchema(const fakes::FileBytes& file);
 
 // The rows of `table`, of a Jet 4 file when `wide`, are those that mdb-export prints of it, in
 // whatever order: it prints a row that had to move where it went. Its own ways are allowed for: an
-// empty memo is printed as null, characters beyond U+FFFF as "??".
+// empty memo, and any empty text of Jet 3, is printed as null, characters beyond U+FFFF as "??".
 void expectSameAsMdbtools(const Table& table, const MdbExport& exported, bool wide);
 
 }  // namespace jet

@@ -99,21 +99,22 @@ TEST_F(MdbtoolsTest, ReadsTextOfEveryLengthAroundTheLimits) {
 
 TEST_F(MdbtoolsTest, ReadsEveryColumnTypeThatWeWrite) {
     store_.reset();
-    files_.put(kPath, fileWithColumns({
-                          {u"Oui", ColumnType::Boolean, 0, true},
-                          {u"Octet", ColumnType::Byte, 0, true},
-                          {u"Entier", ColumnType::Integer, 0, true},
-                          {u"Long", ColumnType::Long, 0, true},
-                          {u"Argent", ColumnType::Currency, 0, true},
-                          {u"Simple", ColumnType::Single, 0, true},
-                          {u"Double", ColumnType::Double, 0, true},
-                          {u"Date", ColumnType::Date, 0, true},
-                          {u"Texte", ColumnType::Text, 40, false, true},
-                          {u"Brut", ColumnType::Text, 40},
-                          {u"Mémo", ColumnType::Memo},
-                          {u"Décimal", ColumnType::Decimal, 0, true, false, false, 3},
-                          {u"Variable", ColumnType::Long, 0, false},
-                      }));
+    files_.put(kPath, fileWithColumns(
+                          jet4, {
+                                    {u"Oui", ColumnType::Boolean, 0, true},
+                                    {u"Octet", ColumnType::Byte, 0, true},
+                                    {u"Entier", ColumnType::Integer, 0, true},
+                                    {u"Long", ColumnType::Long, 0, true},
+                                    {u"Argent", ColumnType::Currency, 0, true},
+                                    {u"Simple", ColumnType::Single, 0, true},
+                                    {u"Double", ColumnType::Double, 0, true},
+                                    {u"Date", ColumnType::Date, 0, true},
+                                    {u"Texte", ColumnType::Text, 40, false, true},
+                                    {u"Brut", ColumnType::Text, 40},
+                                    {u"Mémo", ColumnType::Memo},
+                                    {u"Décimal", ColumnType::Decimal, 0, true, false, false, 3},
+                                    {u"Variable", ColumnType::Long, 0, false},
+                                }));
     open();
     std::vector<Row> rows;
     for (int i = 0; i < 40; ++i) {
@@ -145,6 +146,53 @@ TEST_F(MdbtoolsTest, ReadsEveryColumnTypeThatWeWrite) {
     removeRows(*store_, {rowIds(table())[3], rowIds(table())[17]});
     expectSame();
     expectSound();
+}
+
+TEST_F(MdbtoolsTest, ReadsAnAccess97CatalogueThatWeWrote) {
+    store_.reset();
+    files_.put(kPath, fileWithColumns(jet3, shippedColumns(jet3)));
+    open();
+    EXPECT_EQ(mdbTables(files_.get(kPath)), std::vector<std::string>{"ListDonnees"});
+    std::vector<Row> rows;
+    for (size_t i = 0; i < 60; ++i) {
+        const std::u16string text(i * 37, u'é');
+        rows.push_back({text, text + u"œ", std::u16string(u"E:\\€"),
+                        i % 5 == 0 ? Value(Null{}) : Value(std::u16string(i * 150, u'ÿ')),
+                        static_cast<double>(i) * 1e7, std::u16string(i * 4, u'c'),
+                        std::u16string(u"MP3")});
+    }
+    appendRows(*store_, rows);
+    expectSame();
+    std::vector<RowId> removed = rowIds(table());
+    removed.resize(25);
+    removeRows(*store_, removed);
+    expectSame();
+    appendRows(*store_, rows);
+    expectSame();
+    expectSound();
+}
+
+TEST_F(MdbtoolsTest, ReadsAccess97RowsOfEveryLength) {
+    store_.reset();
+    std::vector<CustomColumn> columns{{u"N", ColumnType::Long, 0, true}};
+    for (const char16_t* name : {u"A", u"B", u"C", u"D", u"E", u"F", u"G", u"H"})
+        columns.push_back({name, ColumnType::Text, 255});
+    files_.put(kPath, fileWithColumns(jet3, columns));
+    open();
+    std::vector<Row> rows;
+    for (size_t total = 0; total <= 1960; total += 7) {
+        Row row(columns.size(), std::u16string());
+        row[0] = static_cast<int64_t>(total);
+        size_t left = total;
+        for (size_t i = 1; i < columns.size(); ++i) {
+            const size_t length = std::min<size_t>(left, total % 2 == 0 ? 255 : 245);
+            row[i] = std::u16string(length, static_cast<char16_t>(u'a' + i));
+            left -= length;
+        }
+        rows.push_back(row);
+    }
+    appendRows(*store_, rows);
+    expectSame();
 }
 
 // A file that a crash left is accepted even before it is mended, and shows no row that never was.
