@@ -2,6 +2,7 @@
 import pytest
 
 from harness import settings
+from harness.form import plain
 from harness.steps import ALL, add_cd, choose_cd
 from harness.waiting import wait_for
 
@@ -124,6 +125,43 @@ def test_colours_change_both_lists_at_once_and_last(program):
     becomes_background(again, "DBList2", (255, 240, 192))
     choose_cd(again, ALL)
     wait_for(lambda: (0, 96, 32) in shown_colours(again, "DBList2"), "the text colour")
+
+
+def open_search_results(main):
+    main.choose("Outils", "Rechercher sur un nouveau CD les titres déjà mémorisés")
+    main.program.form("FrmRechCD").CommandOK.click()
+    results = main.program.form("FrmInfoRech")
+    wait_for(lambda: plain(results.CommandOkannul.text) == "OK", "the end of the search")
+    return results
+
+
+def open_copy_selection(main):
+    main.choose("Outils", "Copier les fichiers musicaux d'un nouveau CD sur le disque dur")
+    main.program.form("FrmCDcopy").ComCopierOK.click()
+    copying = main.program.form("FrmInfoCopy")
+    copying.CommandCopier.wait(lambda: copying.CommandCopier.enabled, "to be usable")
+    return copying
+
+
+def test_the_lists_of_the_new_cd_tools_have_the_same_look(program):
+    set_look(program, "Liberation Sans", 0, 0, 20, 0, 0xC0F0FF)
+    main = program.open()
+    add_cd(main, "Mon CD")
+    choose_colour(main, TEXT_COLOUR, (0, 96, 32))
+    height = main.DBList2.item_height()
+    results = open_search_results(main)
+    for name in ("List1", "List2"):
+        becomes_background(results, name, (255, 240, 192))
+        assert results.control(name).item_height() == height
+        assert (0, 96, 32) in shown_colours(results, name)
+    results.CommandOkannul.click()
+    results.wait_gone()
+    copying = open_copy_selection(main)
+    becomes_background(copying, "ListInfocopy", (255, 240, 192))
+    assert copying.ListInfocopy.item_height() == height
+    assert (0, 96, 32) in shown_colours(copying, "ListInfocopy")
+    copying.ComAnnuleCopie.click()
+    copying.wait_gone()
 
 
 def test_the_colour_dialogs_open_with_the_present_colours(program):
