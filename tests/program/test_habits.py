@@ -36,3 +36,33 @@ def test_tab_goes_through_the_window_as_the_eye_does(program):
     for number, name in zip(stops, TAB_STOPS):
         wait_for(lambda n=number: focused(main) == n, f"the focus on {name}")
         main.key("Tab")
+
+
+def test_shortcuts_do_what_the_menu_says(program):
+    main = program.open()
+    main.List1.wait(lambda: main.List1.focused, "to have the focus")
+    main.key("ctrl+n")
+    dialog = program.form("FrmNouveauCD")
+    main.key("Escape")
+    dialog.wait_gone()
+    main.key("ctrl+f")
+    main.key("ctrl+s")
+    assert len(program.windows()) == 1, "nothing to search or to save before a CD is chosen"
+    choose_cd(main, ALL)
+    main.key("ctrl+f")
+    main.TextRech.wait(lambda: main.TextRech.focused, "to have the focus")
+    main.key("ctrl+s")
+    saving = program.message()
+    main.key("Escape")
+    saving.wait_gone()
+
+
+def test_alt_and_a_letter_open_a_menu(program):
+    main = program.open()
+    main.List1.wait(lambda: main.List1.focused, "to have the focus")
+    main.key("alt+o")
+    wait_for(lambda: main.menu_item("Outils", "Lecteurs Audio")["rect"][2] > 0, "the menu")
+    main.key("u")
+    dialog = program.form("FrmPlayers")
+    main.key("Escape")
+    dialog.wait_gone()
