@@ -15,7 +15,6 @@ namespace jet {
 
 namespace {
 
-constexpr uint8_t kInline = 0;
 constexpr uint8_t kReference = 1;
 
 uint8_t maskOf(uint32_t bit) {
