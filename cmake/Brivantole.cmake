@@ -20,6 +20,10 @@ if(BRIVANTOLE_SANITIZE)
     target_link_options(brivantole_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(BRIVANTOLE_FUZZ)
+    target_compile_options(brivantole_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # brivantole_library(NAME SOURCES a.cpp ... [LINKS other ...]): the static library of one folder.
 function(brivantole_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})

@@ -15,6 +15,7 @@ namespace jet {
 
 namespace {
 
+// First byte of a map that names map pages; that of an inline map is 0.
 constexpr uint8_t kReference = 1;
 
 uint8_t maskOf(uint32_t bit) {
