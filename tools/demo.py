@@ -19,7 +19,9 @@ from harness.desktop import Desktop  # noqa: E402
 from harness.paths import BUILD, SAMPLE_MEDIUM  # noqa: E402
 from harness.player import RecordingPlayer, windows_path  # noqa: E402
 from harness.program import Program  # noqa: E402
-from harness.steps import ALL, add_cd, choose_cd, delete_cd, open_new_cd, open_players  # noqa: E402
+from harness.steps import (  # noqa: E402
+    ALL, add_cd, begin_copy, choose_cd, delete_cd, finish_copy, open_copy, open_new_cd, open_players,
+    search)
 from harness.waiting import wait_for  # noqa: E402
 
 SHOTS = BUILD / "demo"
@@ -203,6 +205,47 @@ class Demo:
             wait_for(lambda: target.exists() and target.read_bytes() == text.encode("cp1252"),
                      "the saved list")
 
+    def search_a_new_cd(self):
+        with self.step("a new CD is searched for titles that are known"):
+            self.desktop.set_medium("e", SAMPLE_MEDIUM / "Chansons")
+            results = search(self.main)
+            assert results.List1.count == results.List2.count == 8
+        with self.step("the results are closed"):
+            results.CommandOkannul.click()
+            self.program.wait_gone("FrmInfoRech")
+
+    def copy_a_new_cd(self):
+        with self.step("a copy is set up, into a folder made for it"):
+            dialog = open_copy(self.main)
+            dialog.CommandDossier.click()
+            name = self.program.form("FrmNouveauDossier")
+            self.desktop.type("Copies")
+            wait_for(lambda: name.CommandOK.enabled, "the name")
+            name.CommandOK.click()
+            wait_for(lambda: dialog.LabelChemin.text == "C:\\Copies", "the folder")
+        with self.step("a track is left out of the copy"):
+            dialog.ComCopierOK.click()
+            window = self.program.form("FrmInfoCopy")
+            wait_for(lambda: window.CommandCopier.enabled, "the tracks")
+            window.ListInfocopy.click_tick(0)
+            wait_for(lambda: "7 morceaux sélectionnés" in window.LabelInfoCopy.text, "seven")
+        with self.step("the other tracks are copied"):
+            assert "7 morceaux copiés" in finish_copy(window)
+            copies = self.desktop.prefix / "drive_c" / "Copies"
+            assert len(list(copies.rglob("*.*"))) == 7
+        with self.step("a name that is taken asks for another one"):
+            window = begin_copy(self.main)
+            window.ListInfocopy.click_tick(0)
+            window.CommandCopier.click()
+            conflict = self.program.form("FrmExisteFich")
+        with self.step("all such names are changed"):
+            conflict.Command1.click()
+            wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
+            window.ComAnnuleCopie.click()
+            self.program.wait_gone("FrmInfoCopy")
+            assert len(list(copies.rglob("*.*"))) == 14
+            self.desktop.set_medium("e", SAMPLE_MEDIUM)
+
     def scan_again(self):
         with self.step("the program asks before it scans a CD again"):
             self.main.choose("Fichier", "Re-scanner le CD")
@@ -274,6 +317,8 @@ def main():
             demo.look_at_a_track()
             demo.play()
             demo.take_the_list_along()
+            demo.search_a_new_cd()
+            demo.copy_a_new_cd()
             demo.scan_again()
             demo.change_types()
             demo.delete()
