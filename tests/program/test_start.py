@@ -113,6 +113,18 @@ def test_an_unreadable_file_is_reported_by_name(program, name):
     assert path.read_bytes() == before
 
 
+def test_a_second_program_is_told_that_the_catalogue_is_in_use(program, desktop):
+    main = program.open()
+    add_cd(main, "Rock 1")
+    second = Program(desktop, folder=program.folder)
+    text = refuse_to_start(second)
+    assert "Le catalogue est déjà utilisé par un autre programme." in text
+    assert "Brivantole.mdb" in text
+    add_cd(main, "Rock 2")
+    assert program.quit() == 0
+    assert catalogue.count(program.database) == 2 * len(ALBUM_ROWS)
+
+
 def test_a_read_only_catalogue_can_be_browsed_and_says_why_it_stays_as_it_is(program):
     main = program.open()
     add_cd(main, "Rock 1")
