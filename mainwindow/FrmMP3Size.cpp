@@ -9,8 +9,7 @@ namespace {
 
 namespace ui = platform::win32;
 
-// Values of WinState.
-constexpr int kMinimised = 1;
+// Value of WinState.
 constexpr int kMaximised = 2;
 
 }  // namespace
