@@ -33,6 +33,7 @@ void ScratchFile::moveTo(DWORD flags) {
 
 void ScratchFile::remove() const {
     const std::wstring path = extendedPath(path_);
+    if (DeleteFileW(path.c_str()) || GetLastError() != ERROR_ACCESS_DENIED) return;
     // Files of a CD are read-only, and so is their copy; the system deletes no such file.
     SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
     DeleteFileW(path.c_str());
