@@ -12,7 +12,10 @@ namespace mainwindow {
 namespace ui = platform::win32;
 
 void FrmMP3::ComNouveau_Click() {
-    if (!scan::FrmNouveauCD(scanProgram()).addCd(window())) return;
+    const bool scanned = scan::FrmNouveauCD(scanProgram()).addCd(window());
+    // The drive that was scanned is the one that tracks are played from now.
+    showCdRomDrive();
+    if (!scanned) return;
     program_.RefillCdList();
     chooseCd(program_.settings.ScanCdName);
     ui::setFocus(item(FrmMP3_List1));

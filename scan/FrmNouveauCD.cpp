@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "platform/win32/ui/controls.h"
 #include "scan/FrmNouveauCD.ids.h"
+#include "scan/cdname.h"
 
 namespace scan {
 
@@ -15,8 +16,10 @@ FrmNouveauCD::FrmNouveauCD(const Program& program) : Dialog(L"FrmNouveauCD"), pr
 
 void FrmNouveauCD::onLoad() {
     nameFilter_.emplace(item(FrmNouveauCD_TextNouveau), base::nameKey, ui::Paste::Filtered);
+    SendMessageW(item(FrmNouveauCD_TextNouveau), EM_SETLIMITTEXT, kLongestCdName, 0);
     drives_.emplace(item(FrmNouveauCD_DriveNouveau), program_.system.drives);
     drives_->fill(program_.settings.CdRomDrive);
+    waitingCaption_ = ui::textOf(item(FrmNouveauCD_LabelPatientez));
     ui::setFocus(item(FrmNouveauCD_TextNouveau));
 }
 
@@ -47,12 +50,13 @@ void FrmNouveauCD::onClose() {
 
 void FrmNouveauCD::TextNouveau_Change() {
     ui::setEnabled(item(FrmNouveauCD_CommandNouveauOK),
-                   !base::trim(ui::textOf(item(FrmNouveauCD_TextNouveau))).empty());
+                   isCdName(ui::textOf(item(FrmNouveauCD_TextNouveau))));
 }
 
 void FrmNouveauCD::CommandNouveauOK_Click() {
     program_.settings.ScanCdName = base::trim(ui::textOf(item(FrmNouveauCD_TextNouveau)));
-    program_.settings.CdRomDrive = base::upper(drives_->drive());
+    // Without the medium's name, so that the settings know the drive again at the next start.
+    program_.settings.CdRomDrive = base::upper(drives_->drive().substr(0, 2));
     // After an error the window can be used and closed again.
     struct Scanning {
         FrmNouveauCD& form;
@@ -96,6 +100,8 @@ void FrmNouveauCD::setScanning(bool scanning) {
     if (scanning) return;
     for (const int progress : {FrmNouveauCD_LabelPatientez, FrmNouveauCD_Progression})
         ui::setVisible(item(progress), false);
+    ui::setText(item(FrmNouveauCD_LabelPatientez), waitingCaption_);
+    setPercentage(0);
 }
 
 void FrmNouveauCD::load(const RescanCaptions& captions, std::u16string_view cdName) {
@@ -120,7 +126,8 @@ void FrmNouveauCD::unload() {
 void FrmNouveauCD::showWaiting() {
     for (const int progress : {FrmNouveauCD_LabelPatientez, FrmNouveauCD_Progression})
         ui::setVisible(item(progress), true);
-    UpdateWindow(window());
+    // The drive may take its time before the first of the walk's own repaints.
+    RedrawWindow(window(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void FrmNouveauCD::setWaitingCaption(std::u16string_view caption) {

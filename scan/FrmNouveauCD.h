@@ -60,6 +60,7 @@ class FrmNouveauCD : public platform::win32::Dialog, private RescanView {
     HWND owner_ = nullptr;
     std::optional<platform::win32::DriveList> drives_;
     std::optional<platform::win32::EditFilter> nameFilter_;
+    std::u16string waitingCaption_;  // the waiting label's until tracks are analysed
     bool scanning_ = false;
     platform::win32::Breather breather_;
 };

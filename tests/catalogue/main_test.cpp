@@ -122,6 +122,12 @@ TEST_F(MainTest, StopsBeforeTheWindowIsShownWithoutACatalogue) {
     EXPECT_EQ(fileStore_.content(testCatalogue), "MZ");
 }
 
+TEST_F(MainTest, OpensTheCatalogueBeforeItReadsTheSettings) {
+    fileStore_.add(testCatalogue, "MZ");
+    files_.remove(u"C:\\Prog\\Brivantole.ini");
+    EXPECT_NE(errorOfMain(), base::ErrorNumber::FileNotFound);
+}
+
 TEST_F(MainTest, StopsBeforeTheWindowIsShownWithoutSettings) {
     files_.remove(u"C:\\Prog\\Brivantole.ini");
     EXPECT_EQ(errorOfMain(), base::ErrorNumber::FileNotFound);

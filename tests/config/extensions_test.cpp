@@ -208,12 +208,14 @@ TEST_F(Extensions, AreTheDefaultsAfterAReset) {
     remove(u"MP3");
     add(u"669");
     editor().ListExt_Click(0);
+    editor().Text1_Change(u"AAC");
     EXPECT_TRUE(editor().CommandDefault_Click());
     EXPECT_EQ(list(), defaults);
     EXPECT_EQ(settings.NbExtensions, 11);
     EXPECT_FALSE(editor().ajoutEnabled());
     EXPECT_FALSE(editor().supprEnabled());
     EXPECT_EQ(editor().selected(), -1);
+    EXPECT_EQ(editor().Text1(), u"AAC");
     EXPECT_TRUE(messages.shown().empty());
 }
 

@@ -4,7 +4,7 @@ from harness.medium import ALBUM_ROWS, as_set, expected_rows
 from harness.steps import ALL, add_cd, choose_cd, delete_cd
 from harness.waiting import wait_for
 
-TRACK_CONTROLS = ("Check1", "Check3", "Option1", "Option2", "Option3", "Label3", "TextRech")
+TRACK_CONTROLS = ("Command1", "comcopier", "comsave", "Check1", "Check3", "Option1", "Option2", "Option3", "Label3", "TextRech")
 
 
 def two_media(program):

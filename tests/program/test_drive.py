@@ -4,6 +4,7 @@ import pytest
 from harness import medium, settings
 from harness.desktop import CD_ROM, FIXED, Desktop
 from harness.program import Program
+from harness.steps import open_new_cd
 from harness.waiting import wait_for
 
 
@@ -101,6 +102,24 @@ def test_a_second_cd_rom_drive_is_shown_and_kept(desktop):
         assert settings.read(program.settings)["CdRomDrive"] == "F:"
         main = program.open()
         assert main.Label2.text == "F:\\"
+
+
+def test_the_drive_of_a_new_cd_is_shown_and_kept(desktop, tmp_path):
+    """Also when its row bears the medium's name behind the letter."""
+    desktop.set_medium("f", medium.write(tmp_path, {".windows-label": b"DISQUE 2\n",
+                                                    "a.mid": medium.mid()}))
+    with Program(desktop) as program:
+        main = program.open()
+        dialog = open_new_cd(main)
+        desktop.type("Second")
+        dialog.DriveNouveau.choose_entry("f:")
+        assert dialog.DriveNouveau.choice == "F: [DISQUE 2]"
+        dialog.CommandNouveauOK.click()
+        program.wait_gone("FrmNouveauCD")
+        assert main.Label2.text == "F:\\"
+        program.quit()
+        assert settings.read(program.settings)["CdRomDrive"] == "F:"
+        assert program.open().Label2.text == "F:\\"
 
 
 def test_enter_confirms(desktop):

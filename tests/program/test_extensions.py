@@ -110,6 +110,10 @@ def test_a_deleted_type_is_no_longer_scanned_nor_shown(program):
     assert "MP3" not in boxes and boxes[9] == "WMA"
     add_cd(main, "Sans MP3")
     assert {row["Type"] for row in catalogue.rows(program.database)} == {"MID", "MOD", "WAV", "XM"}
+    main.CheckAutoRefresh.set_checked(False)
+    listed = main.DBList2.count
+    delete_type(open_types(main), "WAV")
+    wait_for(lambda: main.DBList2.count < listed, "the list without the deleted type's tracks")
 
 
 def test_fewer_than_ten_types_need_no_paging(program):

@@ -40,6 +40,7 @@ def test_the_dialog_says_what_it_does(program):
         "Brivantole Audio va scanner votre lecteur source et faire une liste de tous les fichiers "
         "musicaux s'y trouvant (.MP3, .XM,...).")
     assert not dialog.LabelPatientez.visible
+    assert dialog.LabelPatientez.text == "Lecture en cours. Patientez quelques instants..."
     assert dialog.CommandNouveauAnnuler.text.replace("&", "") == "Annuler"
     assert dialog.TextNouveau.text == ""
     assert dialog.TextNouveau.focused
@@ -69,6 +70,16 @@ def test_characters_that_no_name_may_hold_are_dropped(program):
     program.desktop.type('a\\b/c:d*e?f<g>h|i"j')
     wait_for(lambda: dialog.TextNouveau.text.endswith("j"), "the typed name")
     assert dialog.TextNouveau.text == "abcdefghij"
+
+
+def test_a_name_ends_where_the_catalogue_would_cut_it(program, desktop):
+    dialog = open_new_cd(program.open())
+    desktop.paste("x" * 300)
+    wait_for(lambda: dialog.TextNouveau.text == "x" * 255, "the longest name")
+    desktop.type("y")
+    dialog.CommandNouveauOK.click()
+    program.wait_gone("FrmNouveauCD")
+    assert program.form("FrmMP3").List1.items() == [ALL, "x" * 255]
 
 
 def test_cancelling_changes_nothing(program):
@@ -316,6 +327,8 @@ def test_a_full_disk_loses_nothing(desktop, small_disk):
     dialog.CommandNouveauOK.click()
     program.message().answer("OK")
     wait_for(lambda: program.message_or_none() is None, "the report to go")
+    # Another attempt would begin as the first one did.
+    assert dialog.LabelPatientez.text == "Lecture en cours. Patientez quelques instants..."
     small_disk.empty()
     program.kill()
     main = program.open()

@@ -189,6 +189,12 @@ def test_without_automatic_refresh_only_the_button_and_the_menu_refresh(filled, 
     shows(main, "Arbre", "Zèbre")
     main.choose("Outils", "Actualiser l'affichage")
     shows(main, "Arbre", "Été 100%", "Zèbre", "[live] x")
+    main.Option2.click()
+    main.CheckAutoRefresh.click()
+    shows(main, "[live] x", "Été 100%", "Arbre", "Zèbre")
+    main.CheckAutoRefresh.click()
+    main.Option1.click()
+    shows(main, "[live] x", "Été 100%", "Arbre", "Zèbre")
 
 
 def test_choosing_a_medium_refreshes_even_without_automatic_refresh(main):

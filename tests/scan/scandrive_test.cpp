@@ -55,7 +55,7 @@ TEST_F(ScanDrive, ScansTheDriveThatTheFirstTwoCharactersName) {
     settings_.CdRomDrive = u"D:\\Somewhere";
     files_.addFile(u"D:\\a.mid", "");
     EXPECT_EQ(scan(), ScanResult::Done);
-    EXPECT_EQ(titlesOf(u"Rock 1"), Titles{u"A"});
+    EXPECT_EQ(rowsOf(u"Rock 1").at(0).Fichier, u"[CD]\\a.mid");
 }
 
 TEST_F(ScanDrive, KeepsSizesBeyondFourGigabytes) {

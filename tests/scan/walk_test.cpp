@@ -249,8 +249,19 @@ TEST_F(Walk, ExtensionListBeyondItsBoundIsPutToTheUser) {
     EXPECT_EQ(messages_.shown().size(), 1u);
 }
 
+TEST_F(Walk, ListThatCannotBeMadeReachesTheCaller) {
+    files_.fail(Step::CreateOutput, kList, kRefused);
+    state_.ScanFileCount = 17;
+    EXPECT_THROW(walk(files_), base::Error);
+    EXPECT_EQ(state_.ScanFileCount, 17);
+    EXPECT_EQ(view_.waitingShown, 0);
+    EXPECT_TRUE(messages_.shown().empty());
+}
+
 TEST_F(Walk, DriveThatCannotBeListedReachesTheCaller) {
     files_.remove(u"D:\\");
+    files_.addFile(kList, "D:\\old.mp3\r\n");
+    state_.ScanFileCount = 17;
     try {
         walk(files_);
         FAIL() << "no error";
@@ -260,6 +271,10 @@ TEST_F(Walk, DriveThatCannotBeListedReachesTheCaller) {
                   u"Le lecteur D: ne peut pas être lu. Vérifiez qu'il existe et qu'un disque y est "
                   u"inséré.\r\nLe chemin d'accès spécifié est introuvable.");
     }
+    // A drive that answers late is waited for with the label shown.
+    EXPECT_EQ(view_.waitingShown, 1);
+    EXPECT_EQ(files_.content(kList), "");
+    EXPECT_EQ(state_.ScanFileCount, 0);
     EXPECT_TRUE(messages_.shown().empty());
 }
 
