@@ -47,7 +47,8 @@ void FrmRunControls::yield() {
 
 void FrmRunControls::waitForEvents() {
     showRows_();
-    WaitMessage();
+    // Not by WaitMessage, which sleeps on when another program has pressed a button by a message.
+    MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     ui::dispatchWaiting();
     stopWithoutWindow();
 }
