@@ -242,9 +242,10 @@ def test_an_absent_medium_is_reported_and_harms_nothing(program, other_medium):
     dialog.CommandNouveauOK.click()
     program.message().answer("OK")
     wait_for(lambda: program.message_or_none() is None, "the report to go")
-    if program.form_or_none("FrmNouveauCD"):
-        program.form("FrmNouveauCD").close()
-        program.wait_gone("FrmNouveauCD")
+    dialog.TextNouveau.wait(lambda: dialog.TextNouveau.focused, "to have the focus again")
+    assert dialog.CommandNouveauOK.enabled and dialog.CommandNouveauOK.visible
+    dialog.close()
+    program.wait_gone("FrmNouveauCD")
     assert program.running
     program.quit()
     assert as_set(catalogue.rows(program.database)) == expected_rows(ALBUM_ROWS, "Présent")
