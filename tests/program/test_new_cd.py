@@ -86,10 +86,14 @@ def test_cancelling_changes_nothing(program):
     main = program.open()
     dialog = open_new_cd(main)
     program.desktop.type("Rien")
+    dialog.DriveNouveau.choose_entry("c:")
     dialog.CommandNouveauAnnuler.click()
     program.wait_gone("FrmNouveauCD")
     assert main.List1.items() == [ALL]
+    assert main.Label2.text == "E:\\"
     program.quit()
+    saved = settings.read(program.settings)
+    assert (saved["CdRomDrive"], saved["ScanCdName"]) == ("E:", "")
     assert catalogue.count(program.database) == 0
     assert not (program.folder / "tmp.tmp").exists()
 
