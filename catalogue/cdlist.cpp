@@ -48,10 +48,11 @@ std::vector<std::u16string> CdListRows(jet::Database& catalogue) {
 }
 
 bool DeleteCd(jet::Database& catalogue, platform::Messages& messages,
-              const std::optional<std::u16string>& name) {
+              const std::optional<std::u16string>& name, const std::function<void()>& deleting) {
     const platform::Answer answer =
         messages.show(question(name), u"Attention !", YesNo | Exclamation);
     if (answer != platform::Answer::Yes) return false;
+    deleting();
     try {
         deleteTracks(catalogue, name);
     } catch (const std::exception& error) {

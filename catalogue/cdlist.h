@@ -1,6 +1,7 @@
 // The CD list: its rows, and deleting one. A CD exists as long as a track bears its name.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -16,8 +17,10 @@ std::vector<std::u16string> CdListRows(jet::Database& catalogue);
 
 // Asks whether the CD `name` (nothing: every CD) is to be deleted and, on Yes, deletes its tracks,
 // all of them or, after an error, which is shown, none. False when the answer was not Yes; on true
-// the CD list and the track list must be made anew, also after an error.
-bool DeleteCd(jet::Database& catalogue, platform::Messages& messages,
-              const std::optional<std::u16string>& name);
+// the CD list and the track list must be made anew, also after an error. `deleting` is called
+// once the answer is there and the work, which may be long, begins.
+bool DeleteCd(
+    jet::Database& catalogue, platform::Messages& messages,
+    const std::optional<std::u16string>& name, const std::function<void()>& deleting = [] {});
 
 }  // namespace catalogue

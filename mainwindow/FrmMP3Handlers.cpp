@@ -221,8 +221,10 @@ void FrmMP3::showCdRomDrive() {
 void FrmMP3::menusupprimer_Click() {
     if (cdRow() == kNoCdRow) return;
     const bool all = cdRow() == kAllCdsRow;
+    std::optional<ui::WaitCursor> wait;
     if (!catalogue::DeleteCd(program_.catalogue, program_.system.messages,
-                             all ? std::nullopt : std::optional(cdName()))) {
+                             all ? std::nullopt : std::optional(cdName()),
+                             [&wait] { wait.emplace(); })) {
         return;
     }
     forgetCd();

@@ -82,6 +82,21 @@ TEST_F(CdList, DeletesTheTracksOfOneCd) {
     EXPECT_EQ(messages.shown().size(), 1u);
 }
 
+TEST_F(CdList, TellsWhenDeletingBegins) {
+    addTracks(std::u16string(u"Rock 1"), 2);
+    size_t tracksThen = 0;
+    const auto deleting = [&] {
+        EXPECT_EQ(messages.shown().size(), 1u);
+        tracksThen = trackCount();
+    };
+    messages.answer(Answer::No);
+    DeleteCd(*catalogue, messages, u"Rock 1", deleting);
+    EXPECT_EQ(tracksThen, 0u);
+    messages = {Answer::Yes};
+    DeleteCd(*catalogue, messages, u"Rock 1", deleting);
+    EXPECT_EQ(tracksThen, 2u);
+}
+
 TEST_F(CdList, DeletesEveryTrack) {
     addTracks(std::u16string(u"Rock 1"), 30);
     addTracks(std::u16string(u"*"), 2);

@@ -3,12 +3,9 @@ from harness.steps import ALL, add_cd, choose_cd
 from harness.waiting import wait_for
 
 # The stops of the Tab key, as the eye goes: buttons, lists, then the rows below them.
+BUTTONS = ["CheckAutoRefresh", "Command1", "ComNouveau", "comcopier", "comsave", "Comaide"]
 TAB_STOPS = ["List1", "DBList2", "Check1", "Check3", "Option1", "CommandLecteurMoins",
              "CommandLecteurPlus", "TextRech", "CheckFormat0"]
-
-
-def focused(main):
-    return next((child["id"] for child in main.children() if child["focused"]), None)
 
 
 def test_the_wheel_turns_the_list_under_the_pointer(program, tmp_path):
@@ -32,10 +29,14 @@ def test_the_wheel_turns_the_list_under_the_pointer(program, tmp_path):
 def test_tab_goes_through_the_window_as_the_eye_does(program):
     main = program.open()
     choose_cd(main, ALL)
-    stops = [main.control(name)._node()["id"] for name in TAB_STOPS]
-    for number, name in zip(stops, TAB_STOPS):
-        wait_for(lambda n=number: focused(main) == n, f"the focus on {name}")
-        main.key("Tab")
+
+    def visit(names, key):
+        for name in names:
+            wait_for(lambda n=name: main.control(n).focused, f"the focus on {name}")
+            main.key(key)
+    visit(["List1", *reversed(BUTTONS)], "shift+Tab")
+    main.List1.click_item(ALL)
+    visit(TAB_STOPS, "Tab")
 
 
 def test_shortcuts_do_what_the_menu_says(program):
