@@ -106,7 +106,7 @@ void VirtualList::fill(const NMHDR& header) {
     const auto row = static_cast<size_t>(request.item.iItem);
     if ((request.item.mask & LVIF_STATE) && rowChecked_) {
         // The pictures of the boxes are counted from 1: empty, ticked.
-        request.item.state = INDEXTOSTATEIMAGEMASK(rowChecked_(row) ? 2 : 1);
+        request.item.state = INDEXTOSTATEIMAGEMASK(rowChecked_(row) ? 2U : 1U);
         request.item.stateMask = LVIS_STATEIMAGEMASK;
     }
     if (!(request.item.mask & LVIF_TEXT)) return;
