@@ -13,6 +13,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "bench/hostless.h"
 #include "catalogue/startup.h"
 #include "newcd/copying.h"
 #include "newcd/copytargets.h"
@@ -27,18 +28,12 @@
 namespace {
 
 using namespace platform::win32;
+using bench::NoMessages;
+using bench::secondsNow;
 
 struct File {
     std::u16string name;
     uint64_t size = 0;
-};
-
-class NoMessages : public platform::Messages {
-  public:
-    platform::Answer show(std::u16string_view text, std::u16string_view /*title*/,
-                          int /*flags*/) override {
-        throw base::Error(base::ErrorNumber::DeviceIo, std::u16string(text));
-    }
 };
 
 // A user who closes the window as soon as the copy is over.
@@ -60,14 +55,6 @@ class NoWindow : public newcd::CopyWindow {
   private:
     newcd::RunState& run_;
 };
-
-double secondsNow() {
-    LARGE_INTEGER frequency;
-    LARGE_INTEGER now;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&now);
-    return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
 
 std::vector<File> filesIn(Win32FileSystem& files, const std::u16string& root) {
     std::vector<File> found;

@@ -10,6 +10,7 @@
 
 #include "base/error.h"
 #include "base/text.h"
+#include "bench/hostless.h"
 #include "catalogue/startup.h"
 #include "platform/win32/drives.h"
 #include "platform/win32/filestore.h"
@@ -21,14 +22,8 @@
 namespace {
 
 using namespace platform::win32;
-
-class NoMessages : public platform::Messages {
-  public:
-    platform::Answer show(std::u16string_view text, std::u16string_view /*title*/,
-                          int /*flags*/) override {
-        throw base::Error(base::ErrorNumber::DeviceIo, std::u16string(text));
-    }
-};
+using bench::NoMessages;
+using bench::secondsNow;
 
 class NoWindow : public scan::ScanView {
   public:
@@ -36,14 +31,6 @@ class NoWindow : public scan::ScanView {
     void keepAlive() override {}
     void setWaitingCaption(std::u16string_view) override {}
 };
-
-double secondsNow() {
-    LARGE_INTEGER frequency;
-    LARGE_INTEGER now;
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&now);
-    return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
 
 size_t peakMemory() {
     PROCESS_MEMORY_COUNTERS counters{};
