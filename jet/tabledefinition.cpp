@@ -32,7 +32,9 @@ constexpr uint32_t kMaxColumns = 255;
 std::vector<uint8_t> joinPages(const Pager& pager, uint32_t first, std::vector<uint32_t>& numbers) {
     const uint32_t pageSize = pager.format().pageSize;
     std::vector<uint8_t> joined;
-    for (uint32_t number = first; number != 0;) {
+    // A definition on page 0, the file's header, is refused like any page of another type.
+    uint32_t number = first;
+    do {
         const uint8_t* page = pager.page(number);
         const bool bitesItsTail =
             std::find(numbers.begin(), numbers.end(), number) != numbers.end();
@@ -40,7 +42,7 @@ std::vector<uint8_t> joinPages(const Pager& pager, uint32_t first, std::vector<u
         numbers.push_back(number);
         joined.insert(joined.end(), joined.empty() ? page : page + kPageHeader, page + pageSize);
         number = get32(page + kNextPage);
-    }
+    } while (number != 0);
     const uint32_t length = get32(joined.data() + kTotalLength);
     if (length > joined.size()) damagedDefinition(first);
     joined.resize(length);

@@ -2,6 +2,8 @@
 // finding.
 #include "jet/verifier.h"
 
+#include <algorithm>
+#include <array>
 #include <functional>
 
 #include "base/text.h"
@@ -57,6 +59,13 @@ class SpoiledFile {
                                  : get16(slotEntry(RowId{row.value - 1})) & slot::kOffset;
         return end - (get16(slotEntry(row)) & slot::kOffset);
     }
+    // The Id of ListDonnees in the system's table of objects; its parent stands behind it.
+    uint8_t* catalogueEntry() {
+        std::array<uint8_t, 8> entry{};
+        put32(entry.data(), definition_.page);
+        put32(entry.data() + 4, 0x0F000001);
+        return &*std::search(bytes_.begin(), bytes_.end(), entry.begin(), entry.end());
+    }
     // The long-value cell of a row.
     uint8_t* cell(size_t row, size_t columnIndex) {
         const RowView view{rowBytes(rows_[row]), rowLength(rows_[row])};
@@ -87,6 +96,8 @@ const Damage kDamages[] = {
     {"WrongMagic", [](SpoiledFile& file) { file.page(0)[5] = 'X'; }, "n'est pas une base"},
     {"CatalogueUnreadable", [](SpoiledFile& file) { file.page(page::kCatalogDefinition)[0] = 7; },
      "page 2: La base de données est endommagée : la définition d'une table est illisible"},
+    {"DefinitionOnTheHeaderPage", [](SpoiledFile& file) { put32(file.catalogueEntry(), 0); },
+     "table ListDonnees, page 0: La base de données est endommagée : la définition"},
     {"DefinitionUnreadable", [](SpoiledFile& file) { file.page(file.definition().page)[0] = 7; },
      "table ListDonnees, page 24: La base de données est endommagée : la définition"},
     {"DefinitionBitesItsTail",
