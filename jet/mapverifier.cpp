@@ -45,6 +45,7 @@ std::vector<uint32_t> listMap(const Pager& pager, RowId where, MapKind kind, Pag
     findings.attempt([&] {
         const MapRow row = readMapRow(pager, where);
         claims.claim(where.page(), PageUse::MapRows);
+        if (!claims.claimMap(where)) return;
         if (!row.reference) {
             lister.take(row.first, {row.bits(), row.length - MapRow::kBitsAt});
             return;

@@ -53,6 +53,12 @@ bool PageClaims::claim(uint32_t page, PageUse use) {
     return true;
 }
 
+bool PageClaims::claimMap(RowId row) {
+    if (maps_.insert(row).second) return true;
+    findings_.add(u"Une table d'occupation des pages est celle de deux propriétaires.", row.page());
+    return false;
+}
+
 uint32_t PageClaims::freeCount() const {
     return static_cast<uint32_t>(
         std::count_if(pages_.begin(), pages_.end(), [](const Page& page) { return page.free; }));

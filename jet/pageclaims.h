@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <set>
 #include <vector>
 
 #include "jet/findings.h"
+#include "jet/rowid.h"
 
 namespace jet {
 
@@ -29,6 +31,8 @@ class PageClaims {
     void markFree(uint32_t page);
     // Gives whether nothing else has claimed the page.
     bool claim(uint32_t page, PageUse use);
+    // Gives whether nobody else has claimed the usage map at `row`: each has one owner.
+    bool claimMap(RowId row);
 
     uint32_t freeCount() const;
     // Pages that are neither free nor of any use: lost room, which harms nobody.
@@ -41,6 +45,7 @@ class PageClaims {
     };
 
     std::vector<Page> pages_;
+    std::set<RowId> maps_;
     Findings& findings_;
 };
 

@@ -22,7 +22,8 @@ using testing::Contains;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-constexpr uint32_t kNom = 0;            // places among the columns of ListDonnees
+constexpr uint32_t kNom = 0;  // places among the columns of ListDonnees
+constexpr uint32_t kFichier = 2;
 constexpr uint32_t kFichierCompil = 3;  // every 10th row's is a chain of pages
 constexpr uint32_t kChainedRow = 9;
 
@@ -130,6 +131,16 @@ const Damage kDamages[] = {
      "nomme une page après la fin du fichier."},
     {"MapUnreadable", [](SpoiledFile& file) { file.rowBytes(file.definition().ownedMap)[0] = 9; },
      "une table d'occupation des pages est illisible"},
+    {"MapOfTwoColumns",
+     [](SpoiledFile& file) {
+         const RowId ofFichier = file.column(kFichier).freeMap;
+         uint8_t* page = file.page(file.definition().page);
+         std::array<uint8_t, 4> pointer{};
+         put32(pointer.data(), ofFichier.value);
+         put32(std::search(page, page + jet4.pageSize, pointer.begin(), pointer.end()),
+               file.column(kNom).ownedMap.value);
+     },
+     "Une table d'occupation des pages est celle de deux propriétaires."},
     {"IndexPage",
      [](SpoiledFile& file) {
          for (uint32_t page = 0; page < file.pageCount(); ++page)
