@@ -143,6 +143,9 @@ def test_browsing_begins_in_the_program_folder_and_gives_a_full_path(program):
     browser.wait_gone()
     wait_for(lambda: dialog.TextChemin.text == windows_path(program.folder / "lecteur à moi.exe"),
              "the path")
+    dialog.TextNom.fill("moi")
+    dialog.CommandAjouter.click()
+    wait_for(lambda: dialog.ListPlayers.items() == ["Moi"], "the player, blanks in its path")
 
 
 def test_a_cancelled_browsing_changes_nothing_and_the_picture_obeys_the_keyboard(looked_at, dialog):
@@ -198,7 +201,8 @@ def saved_after_closing(program, dialog):
     return saved(program)
 
 
-@pytest.mark.parametrize("path", ["C:\\Lecteurs\\absent.exe", "C:\\Lecteurs", "pas un chemin"])
+@pytest.mark.parametrize("path", ["C:\\Lecteurs\\absent.exe", "C:\\Lecteurs", "pas un chemin",
+                                  '"C:\\Lecteurs\\a.exe"'])
 def test_an_executable_that_cannot_be_opened_is_refused(looked_at, dialog, path):
     add(dialog, " neuf ", path)
     box = looked_at.message()
@@ -249,6 +253,16 @@ def test_of_two_with_one_name_the_last_fills_the_boxes_and_the_first_is_chosen(p
     wait_for(lambda: dialog.TextChemin.text == paths["b"], "the last one's path")
     values = saved_after_closing(program, dialog)
     assert current_of(values) == (1, "Même", paths["a"])
+
+
+def test_a_button_that_is_pressed_by_a_message_closes_at_once(looked_at):
+    """As another program presses it: nothing comes that would wake a window waiting for the user."""
+    main = looked_at.form("FrmMP3")
+    dialog = open_players(main)
+    looked_at.desktop.tidy()
+    dialog.CommandOK.press_by_message()
+    dialog.wait_gone()
+    assert main.state["enabled"]
 
 
 def test_deleting_wants_name_and_path(program, abc, paths):

@@ -74,6 +74,9 @@ int Dialog::runModal() {
 void Dialog::finish(int result) {
     result_ = result;
     if (!disabledOwner_) destroy();
+    // A button that another program presses by a sent message leaves nothing in the queue that
+    // would wake runModal().
+    PostMessageW(nullptr, WM_NULL, 0, 0);
 }
 
 int Dialog::dpi() const {

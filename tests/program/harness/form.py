@@ -178,6 +178,10 @@ class Control:
         node = wait_for(self._usable, f"{self.form.name}.{self.name} to be usable")
         self.form.desktop.click(*centre(node["rect"]), button=button, times=times)
 
+    def press_by_message(self):
+        """Presses a button by a message, as another program would do it for its user."""
+        self._ask("press")
+
     def _usable(self):
         node = self._node()
         return node if node["visible"] and node["enabled"] else None

@@ -51,6 +51,14 @@ void tellProgress(Json& json, HWND window) {
         .endObject();
 }
 
+void pressButton(Json& json, HWND window) {
+    // Not by BM_CLICK: it repaints the button, and what is to be painted lies in the queue.
+    const auto command =
+        static_cast<WPARAM>(MAKEWPARAM(static_cast<WORD>(GetDlgCtrlID(window)), BN_CLICKED));
+    ask(GetParent(window), WM_COMMAND, command, reinterpret_cast<LPARAM>(window));
+    json.boolean(true);
+}
+
 void tellToolTips(Json& json, HWND window) {
     DWORD process = 0;
     GetWindowThreadProcessId(window, &process);

@@ -1,5 +1,6 @@
 // Tells what the windows of other programs show. It only looks: acting is left to real clicks and
-// keys. The one thing that it does is to keep the clipboard, as any other program may.
+// keys. What it does is what no hand can do: to keep the clipboard, as any other program may, and
+// to press a button by a message, as a program that works for its user does.
 //
 // Each line of the input is a question, such as "tree 65620"; each answer is one line, a JSON
 // object with "answer" or "error". See the table below for the questions.
@@ -67,6 +68,7 @@ const std::map<std::string, Question>& questions() {
         {"listview", tellListView},
         {"item", tellItemPlace},
         {"progress", about(probe::tellProgress)},
+        {"press", about(probe::pressButton)},
         {"tooltips", about(probe::tellToolTips)},
         {"clipboard", alone(probe::tellClipboard)},
         {"clipboardnumber", alone(probe::tellClipboardNumber)},

@@ -26,6 +26,9 @@ void tellListView(Json& json, HWND window, int first, int count);
 void tellItemPlace(Json& json, HWND window, int index);
 // Position and range of a progress bar.
 void tellProgress(Json& json, HWND window);
+// Presses a button by a message alone, sent and answered before anything is told: nothing comes
+// into the queue of the button's program.
+void pressButton(Json& json, HWND window);
 // The texts that the tool tips of a process stand ready with, by the control they belong to.
 void tellToolTips(Json& json, HWND window);
 
