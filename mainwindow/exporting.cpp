@@ -8,9 +8,10 @@ namespace mainwindow {
 std::u16string exportText(jet::Recordset& tracks, const ExportedColumn& column) {
     std::u16string text;
     const jet::Field displayed = tracks.Fields(column.displayedField);
+    const bool convert = column.showPath && column.displayedField.starts_with(u"Fichier");
     for (tracks.MoveFirst(); !tracks.Eof(); tracks.MoveNext()) {
         const std::u16string value = displayed.Text();
-        text += column.showPath ? scan::RealPath(value, column.cdRomDrive) : value;
+        text += convert ? scan::RealPath(value, column.cdRomDrive) : value;
         text += u"\r\n";
     }
     return text;

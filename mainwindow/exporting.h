@@ -11,7 +11,8 @@
 namespace mainwindow {
 
 // What the list displays: the column, and whether the path box is checked, so that the CD mark of a
-// path is turned into the present drive.
+// path is turned into the present drive. The box may have been checked since the list was made: a
+// title stays as it is, also one that begins with a bracket.
 struct ExportedColumn {
     std::u16string_view displayedField;
     bool showPath = false;

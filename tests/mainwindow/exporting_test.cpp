@@ -34,6 +34,17 @@ TEST_F(Exporting, WritesPathsOfCdsWithThePresentDrive) {
               u"C:\\1.mp3 [Disk]\r\nE:\\2.mp3 [Rock 1]\r\n");
 }
 
+TEST_F(Exporting, LeavesATitleInBracketsAloneWhateverThePathBoxSays) {
+    EXPECT_EQ(exportText(*tracksBy(u"Nom"), {u"Nom", true, u"E:"}), u"[a]\r\nb\r\n");
+    EXPECT_EQ(exportText(*tracksBy(u"Nom"), {u"Nomcompil", true, u"E:"}),
+              u"[a] [Disk]\r\nb [Rock 1]\r\n");
+}
+
+TEST_F(Exporting, LeavesTheCdMarkOfAPathWithoutThePathBox) {
+    EXPECT_EQ(exportText(*tracksBy(u"Nom"), {u"Fichier", false, u"E:"}),
+              u"C:\\1.mp3\r\n[CD]\\2.mp3\r\n");
+}
+
 TEST_F(Exporting, BeginsAtTheFirstTrackWhereverTheListStands) {
     const auto tracks = tracksBy(u"Nom");
     tracks->MoveNext();

@@ -116,6 +116,16 @@ def test_paths_are_copied_with_the_present_drive(main):
         [f"{path} [{name}]" for path, name in zip(PATHS, ["Cédé", "Cédé", "Disque"])])
 
 
+def test_titles_are_copied_as_they_are_while_the_paths_are_not_shown_yet(main):
+    main.CheckAutoRefresh.set_checked(False)
+    main.Check1.set_checked(True)
+    try:
+        assert copied(main, main.comcopier.click) == text_of(TITLES)
+    finally:
+        main.CheckAutoRefresh.set_checked(True)
+    assert copied(main, main.comcopier.click) == text_of(PATHS)
+
+
 def test_the_keyboard_copies_from_both_lists_alone(main):
     main.DBList2.click_row(0)
     assert copied(main, lambda: main.key("ctrl+c")) == text_of(TITLES)
