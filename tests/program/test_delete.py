@@ -4,7 +4,11 @@ from harness.medium import ALBUM_ROWS, as_set, expected_rows
 from harness.steps import ALL, add_cd, choose_cd, delete_cd
 from harness.waiting import wait_for
 
-TRACK_CONTROLS = ("Command1", "comcopier", "comsave", "Check1", "Check3", "Option1", "Option2", "Option3", "Label3", "TextRech")
+TRACK_CONTROLS = ("Command1", "comcopier", "comsave", "Check1", "Check3", "Option1", "Option2",
+                  "Option3", "Label3", "TextRech")
+TRACK_COMMANDS = (("Fichier", "Re-scanner le CD"), ("Fichier", "Supprimer"),
+                  ("Fichier", "Copier la liste"), ("Fichier", "Enregistrer la liste"),
+                  ("Outils", "Actualiser l'affichage"))
 
 
 def two_media(program):
@@ -57,15 +61,16 @@ def test_the_question_has_its_title_and_buttons(program):
 
 def test_what_needs_a_medium_is_disabled_until_one_is_chosen(program):
     main = two_media(program)
+    def usable():
+        return ({main.control(name).enabled for name in TRACK_CONTROLS} |
+                {main.menu_item(*command)["enabled"] for command in TRACK_COMMANDS})
     choose_cd(main, "Premier")
-    assert all(main.control(name).enabled for name in TRACK_CONTROLS)
+    assert usable() == {True}
     delete_cd(main)
     wait_for(lambda: main.List1.items() == [ALL, "Second"], "the shorter list")
-    assert not any(main.control(name).enabled for name in TRACK_CONTROLS)
-    assert not main.menu_item("Fichier", "Supprimer")["enabled"]
+    assert usable() == {False}
     choose_cd(main, "Second")
-    assert all(main.control(name).enabled for name in TRACK_CONTROLS)
-    assert main.menu_item("Fichier", "Supprimer")["enabled"]
+    assert usable() == {True}
 
 
 def test_freed_room_is_used_again(program):

@@ -237,12 +237,12 @@ def test_a_hard_disk_keeps_its_drive_letter(album_folder):
                 ALBUM_ROWS, "Disque", drive="H:")
 
 
-def test_an_absent_medium_is_reported_and_harms_nothing(program, other_medium):
+def test_a_medium_taken_out_before_the_scan_is_reported_and_harms_nothing(program, other_medium):
     main = program.open()
     add_cd(main, "Présent")
-    other_medium(None)
     dialog = open_new_cd(main)
     program.desktop.type("Absent")
+    other_medium(None)
     dialog.CommandNouveauOK.click()
     program.message().answer("OK")
     wait_for(lambda: program.message_or_none() is None, "the report to go")

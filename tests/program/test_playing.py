@@ -1,4 +1,7 @@
 """Playing: what the external player is started with, and when."""
+import contextlib
+import os
+
 import pytest
 
 from harness import medium, settings
@@ -96,6 +99,18 @@ def test_enter_plays_what_the_arrows_chose_and_a_refresh_forgets_the_last_click(
     player.wait_started(first, second, second)
 
 
+def test_a_double_click_below_the_tracks_plays_the_list_once_one_was_chosen(program, player):
+    main = opened(program)
+    _, _, right, bottom = main.DBList2.rect
+    main.desktop.click(right - 40, bottom - 30, times=2)
+    main.DBList2.click_row(0)
+    track = f'{player.path} "F:\\Musique\\beau.mid"'
+    player.wait_started(track)
+    assert not playlist(program).exists()
+    main.desktop.click(right - 40, bottom - 30, times=2)
+    player.wait_started(track, list_command(program, player))
+
+
 def test_a_double_click_plays_the_track_and_then_the_list(program, player):
     main = opened(program)
     main.Option2.click()
@@ -121,9 +136,36 @@ def test_a_name_outside_the_code_page_reaches_the_player_and_the_playlist(progra
     assert playlist(program).read_bytes() == "\ufeffH:\\Musique\\音.mid\r\n".encode()
 
 
-def test_a_cd_is_played_from_the_present_drive(program, player):
+def test_a_path_beyond_260_characters_reaches_the_player_and_the_playlist(program, player, desktop,
+                                                                         tmp_path):
+    deep = "/".join(letter * 60 for letter in "abcdef") + "/fin.mid"
+    with other_disk(desktop, medium.write(tmp_path, {deep: medium.mid()})):
+        main = program.open()
+        add_cd(main, "Profond", "h:")
+        wait_for(lambda: main.DBList2.count == 1, "its track")
+        main.DBList2.click_row(0, times=2)
+        path = "H:\\" + deep.replace("/", "\\")
+        player.wait_started(f'{player.path} "{path}"', list_command(program, player))
+    assert playlist(program).read_bytes() == f"{path}\r\n".encode("cp1252")
+
+
+@contextlib.contextmanager
+def other_disk(desktop, folder):
+    """Puts another folder in drive H:."""
+    before = os.readlink(desktop.prefix / "dosdevices" / "h:")
+    desktop.set_medium("h", folder)
+    yield
+    desktop.set_medium("h", before)
+
+
+def test_a_cd_is_shown_and_played_from_the_present_drive(program, player):
     settings.set_text(program.settings, "CdRomDrive", "G:")
     main = opened(program)
+    main.DBList2.press_row(2, button=3)
+    details = wait_for(lambda: program.form_or_none("FrmInfoTitre"), "the pop-up")
+    assert "G:\\Mes airs\\zeste.mid" in {label["text"] for label in details.children("Static")}
+    main.desktop.release(3)
+    details.wait_gone()
     main.DBList2.click_row(2, times=2)
     player.wait_started(f'{player.path} "G:\\Mes airs\\zeste.mid"', list_command(program, player))
     assert playlist(program).read_bytes() == (

@@ -221,10 +221,26 @@ def test_a_hard_disk_that_is_gone_is_not_awaited_and_keeps_its_rows(program, des
     desktop.set_medium("f", None)
     rescan(main, "Disque")
     report = program.message()
-    assert report.title != "CD absent!"
-    report.answer(report.buttons()[-1])
+    assert "Le lecteur F: ne peut pas être lu." in report.text
+    assert program.form_or_none("FrmNouveauCD") is None
+    report.answer("OK")
     rescanned(main)
+    assert main.List1.choice == "Disque" and main.DBList2.rows() == ["Trois"]
     assert rows_after(program)[0] == BEFORE
+
+
+def test_giving_up_at_an_unreadable_folder_leaves_the_cd_without_rows(program, media):
+    main = program.open()
+    closed = media["e"] / "a"
+    os.chmod(closed, 0)
+    try:
+        rescan(main, "Cédé")
+        program.message().answer("Annuler")
+        rescanned(main)
+    finally:
+        os.chmod(closed, 0o755)
+    assert main.List1.items() == [ALL, "Disque"] and main.List1.choice is None
+    assert rows_after(program) == (expected_rows(DISK, "Disque", "F:"), "E:")
 
 
 def test_a_cd_without_music_any_more_leaves_the_list(program, desktop, tmp_path):

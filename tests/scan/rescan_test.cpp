@@ -143,6 +143,36 @@ TEST_F(Rescan, DoesNotWaitForADriveThatIsNoCdRom) {
     EXPECT_EQ(messages_.shown().size(), 1u);
 }
 
+TEST_F(Rescan, StoppedByTheUserHasTakenTheOldRowsAway) {
+    addRow(u"Rock 1", u"Old", u"[CD]\\old.mp3");
+    files_.addFile(u"D:\\closed\\inside.mid", "");
+    files_.fail(fakes::MemoryFileSystem::Step::OpenFolder, u"D:\\closed",
+                base::Error(base::ErrorNumber::PathFileAccess, u"Accès refusé."));
+    messages_.answer(Answer::Yes);
+    messages_.answer(Answer::Cancel);
+    EXPECT_EQ(rescan(), ScanResult::Stopped);
+    EXPECT_EQ(titlesOf(u"Rock 1"), Titles{});
+    EXPECT_EQ(view_.steps.back(), u"unload");
+    expectSettingsRestored();
+}
+
+TEST_F(Rescan, FindsTheRowsOfACdWhoseNameHoldsAQuotationMark) {
+    addRow(u"12\" mix", u"Old", u"C:\\old.mp3");
+    messages_.answer(Answer::Yes);
+    EXPECT_EQ(rescan(u"12\" mix"), ScanResult::Done);
+    EXPECT_EQ(view_.steps[1], u"show C:");
+    EXPECT_EQ(titlesOf(u"12\"\" mix"), Titles{u"Disk"});
+}
+
+TEST_F(Rescan, KeepsTheRowsOfACdWhenThereIsNoCdRomDrive) {
+    settings_.CdRomDrive.clear();
+    addRow(u"Rock 1", u"Old", u"[CD]\\old.mp3");
+    messages_.answer(Answer::Yes);
+    EXPECT_THROW(rescan(), base::Error);
+    EXPECT_EQ(titlesOf(u"Rock 1"), Titles{u"Old"});
+    EXPECT_EQ(settings_.CdRomDrive, u"");
+}
+
 TEST_F(Rescan, GivesTheSettingsBackAfterAnError) {
     addRow(u"Rock 1", u"Old", u"X:\\old.mp3");
     messages_.answer(Answer::Yes);
