@@ -14,6 +14,9 @@ using Code = TextDictionary::Code;
 
 // Looking through all texts at once pays when at least one of so many rows is asked about.
 constexpr size_t kSparse = 8;
+// From so many different texts on, a dictionary must be met by at least twice as many rows: the
+// titles of a small catalogue would fit into one, but not repeat.
+constexpr size_t kTextsOnTrial = 1024;
 // Rows behind the grouped ones are looked at one by one; when there are more, groups are made anew.
 constexpr size_t kMostUngrouped = 4096;
 
@@ -29,6 +32,11 @@ std::vector<uint8_t> passingCodes(const TextDictionary& dictionary, const Column
     for (size_t code = 1; code < passing.size(); ++code)
         passing[code] = passesText(test, dictionary.text(static_cast<Code>(code)), order);
     return passing;
+}
+
+bool repeats(const DictionaryValues& values) {
+    const size_t texts = values.dictionary.codeCount();
+    return texts <= kTextsOnTrial || 2 * texts <= values.codes.size();
 }
 
 void group(DictionaryValues& values) {
@@ -107,7 +115,7 @@ bool CachedColumn::appendFolded(std::span<const uint8_t> folded) {
         const bool same = last != TextDictionary::kNull &&
                           std::ranges::equal(values->dictionary.folded(last), folded);
         const std::optional<Code> code = same ? last : values->dictionary.add(folded);
-        if (code) {
+        if (code && (same || repeats(*values))) {
             values->codes.push_back(*code);
             values->counts.resize(values->dictionary.codeCount());
             ++values->counts[*code];

@@ -1,6 +1,6 @@
-// enginebench FOLDER CATALOGUE ROWS: the program's engine and SQLite beside each other, with ROWS
+// enginebench FOLDER CATALOGUE ROWS [WORDS]: the program's engine and SQLite beside each other, with ROWS
 // rows in files in FOLDER; CATALOGUE is one without rows. Times are ours, the other columns how
-// many times as long the others take.
+// many times as long the others take. With WORDS only the tasks whose name holds them are done.
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -9,13 +9,15 @@
 #include "bench/engine/race.h"
 
 int main(int count, char** arguments) {
-    if (count != 4) {
-        std::fputs("enginebench FOLDER CATALOGUE ROWS\n", stderr);
+    if (count != 4 && count != 5) {
+        std::fputs("enginebench FOLDER CATALOGUE ROWS [WORDS]\n", stderr);
         return 2;
     }
     try {
         const size_t rows = std::strtoull(arguments[3], nullptr, 10);
-        bench::Race(arguments[1], arguments[2], rows / bench::kRowsOfCd).run();
+        bench::Race(arguments[1], arguments[2], rows / bench::kRowsOfCd,
+                    count == 5 ? arguments[4] : "")
+            .run();
         std::printf("this machine reads memory at %.1f GB/s\n", bench::memoryBandwidth());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "enginebench: %s\n", error.what());

@@ -13,8 +13,9 @@ namespace bench {
 
 class Race {
   public:
-    // `cds` CDs in the catalogue; files in `folder`; `empty` is a catalogue without rows.
-    Race(const std::string& folder, const std::string& empty, size_t cds);
+    // `cds` CDs in the catalogue; files in `folder`; `empty` is a catalogue without rows. Tasks
+    // whose name does not hold `wanted` are left out.
+    Race(const std::string& folder, const std::string& empty, size_t cds, std::string wanted);
 
     // Prints a line for each task.
     void run();
@@ -24,6 +25,9 @@ class Race {
     using Task = std::function<double(Contender&)>;
 
     void race(const std::string& task, size_t rounds, const Task& work);
+    bool isWanted(const std::string& task) const {
+        return task.find(wanted_) != std::string::npos;
+    }
     double fill(Contender& contender) const;
     void reopen(Contender& contender) const;
 
@@ -40,6 +44,7 @@ class Race {
     void compareCdNames();
 
     size_t cds_;
+    std::string wanted_;
     std::unique_ptr<JetContender> ours_;
     std::vector<std::unique_ptr<Contender>> others_;
 };

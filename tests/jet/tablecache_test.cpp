@@ -70,6 +70,20 @@ TEST_F(TableCacheTest, RefusesWhatIsBeyondItsBound) {
     EXPECT_EQ(wide.column(column(u"Nom")), nullptr);
 }
 
+TEST_F(TableCacheTest, KeepsTextsThatHardlyRepeatInNoDictionary) {
+    addRows(3000);
+    TableCache rows = cache();
+    const TextValues* names = rows.column(column(u"Nom"))->texts();
+    ASSERT_NE(names, nullptr);
+    EXPECT_EQ(names->texts.count(), 3000u);
+    std::u16string last;
+    TextFolder::decode(names->texts.text(2999), last);
+    EXPECT_EQ(last, u"title 2999");
+    addRows(3000);
+    TableCache all = cache();
+    EXPECT_NE(all.column(column(u"Taille"))->numbers(), nullptr);
+}
+
 TEST_F(TableCacheTest, TakesInRowsThatAreAdded) {
     const RowId first = addRow(u"b");
     TableCache rows = cache();
