@@ -33,6 +33,15 @@ Pager::Pager(FileStore& files, std::u16string path, std::unique_ptr<File> file, 
     remap();
 }
 
+Pager::~Pager() {
+    if (!journal_ || broken_ || journal_->isActive()) return;
+    try {
+        journal_->remove();
+    } catch (const base::Error&) {
+        // Worthless already, or the next opening finds that it is; that one removes it.
+    }
+}
+
 void Pager::noSuchPage(uint32_t number) const {
     if (broken_) throwBroken();
     throwDamaged(u"elle renvoie à une page qui n'existe pas", number);
@@ -47,6 +56,7 @@ void Pager::throwBroken() const {
 
 void Pager::remap() {
     const uint32_t pages = std::min(diskPages_, pageCount_);
+    if (pages == mappedPages_) return;
     base_ = file_->map(uint64_t{pages} * pageSize_).data();
     mappedPages_ = pages;
 }
@@ -137,15 +147,16 @@ void Pager::discard(uint32_t number) {
 
 void Pager::relieve() {
     if (newImages_ * pageSize_ <= spillBytes_) return;
+    if (!journal_ || !journal_->isActive()) startJournal(true);
     writeNewPages();
     remap();
 }
 
-void Pager::ensureJournal() {
-    if (journal_) return;
+void Pager::startJournal(bool writesAhead) {
+    if (!journal_) journal_ = std::make_unique<JournalWriter>(files_, path_, pageSize_);
     FileIdentity oldState = identify(*file_, pageSize_);
     oldState.size = uint64_t{oldPageCount_} * pageSize_;
-    journal_ = std::make_unique<JournalWriter>(files_, path_, oldState, pageSize_);
+    journal_->begin(oldState, writesAhead);
 }
 
 void Pager::writeNewPages() {
@@ -173,54 +184,73 @@ void Pager::writeNewPages() {
 
 void Pager::writeRun(uint32_t first, std::span<const uint8_t> bytes) {
     const auto end = static_cast<uint32_t>(first + bytes.size() / pageSize_);
-    if (end > diskPages_) ensureJournal();
-    wroteNewPages_ = true;
     // The file may have grown even when the write fails.
     diskPages_ = std::max(diskPages_, end);
     file_->write(uint64_t{first} * pageSize_, bytes);
 }
 
+std::vector<uint32_t> Pager::changedPages() const {
+    std::vector<uint32_t> pages;
+    pages.reserve(images_.size());
+    for (const auto& [number, image] : images_)
+        pages.push_back(number);
+    std::sort(pages.begin(), pages.end());
+    return pages;
+}
+
 void Pager::commit() {
-    writeNewPages();
-    if (diskPages_ < pageCount_) {  // the last new pages were given up again
-        ensureJournal();
-        diskPages_ = pageCount_;
-        file_->resize(uint64_t{pageCount_} * pageSize_);
+    const bool writesAhead = journal_ && journal_->isActive();
+    if (writesAhead) {
+        writeNewPages();
+        file_->flush();
     }
-    if (wroteNewPages_) file_->flush();
-    if (!images_.empty()) {
-        std::vector<uint32_t> pages;
-        pages.reserve(images_.size());
-        for (const auto& [number, image] : images_)
-            pages.push_back(number);
-        std::sort(pages.begin(), pages.end());
-        ensureJournal();
-        for (const uint32_t number : pages)
-            journal_->addPage(number, {base_ + size_t{number} * pageSize_, pageSize_});
-        journal_->finish();
+    std::vector<uint32_t> pages = changedPages();
+    if (!pages.empty() || writesAhead || diskPages_ < pageCount_) {
+        if (!writesAhead) startJournal(false);
+        journalPages(pages);
+        std::erase_if(pages, [this](uint32_t page) { return isNew(page); });
         writeBurst(burstOrder(images_, pages));
-    } else if (journal_) {
-        journal_->discard();
-        journal_.reset();
     }
     images_.clear();
     remap();
     endTransaction();
 }
 
+void Pager::journalPages(const std::vector<uint32_t>& pages) {
+    for (const uint32_t number : pages) {
+        const std::span<const uint8_t> bytes(images_.at(number).bytes.get(), pageSize_);
+        if (isNew(number))
+            journal_->addNewPage(number, bytes);
+        else
+            journal_->addPage(number, {base_ + size_t{number} * pageSize_, pageSize_}, bytes);
+    }
+    journal_->finish(uint64_t{pageCount_} * pageSize_);
+}
+
 void Pager::writeBurst(const std::vector<BurstWrite>& burst) {
+    const bool endsOnMedium = journal_->writesAhead();
     try {
+        writeNewPages();
+        if (diskPages_ < pageCount_) {  // the last new pages were given up again
+            diskPages_ = pageCount_;
+            file_->resize(uint64_t{pageCount_} * pageSize_);
+        }
         for (const BurstWrite& write : burst)
             file_->write(uint64_t{write.page} * pageSize_, {write.bytes, pageSize_});
         file_->flush();
-        journal_->discard();
+        if (endsOnMedium) journal_->end(true);
     } catch (...) {
         broken_ = true;  // unless the old pages can be put back
         journal_->restoreInto(*file_);
         broken_ = false;
         throw;
     }
-    journal_.reset();
+    if (endsOnMedium) return;
+    try {
+        journal_->end(false);
+    } catch (const base::Error&) {
+        // All is on the medium, which the journal's checksums tell whoever reads it.
+    }
 }
 
 void Pager::rollback() noexcept {
@@ -234,12 +264,12 @@ void Pager::rollback() noexcept {
                 file_->resize(uint64_t{oldPageCount_} * pageSize_);
                 diskPages_ = oldPageCount_;
             }
-            if (journal_) journal_->discard();
+            if (journal_ && journal_->isActive()) journal_->end(true);
         }
     } catch (...) {
         // The journal stays: the next opening, or the next transaction, mends the size.
+        journal_.reset();
     }
-    journal_.reset();
     endTransaction();
     try {
         unmap();
@@ -252,7 +282,6 @@ void Pager::rollback() noexcept {
 void Pager::endTransaction() {
     inTransaction_ = false;
     lateStage_ = false;
-    wroteNewPages_ = false;
     newImages_ = 0;
     takenPages_.clear();
     oldPageCount_ = pageCount_;

@@ -26,6 +26,10 @@ class Pager {
     // `file` is checked already (see openfile.h). `files` must outlive the pager.
     Pager(FileStore& files, std::u16string path, std::unique_ptr<File> file, bool readOnly,
           const Format& format, uint64_t spillBytes);
+    // Removes the journal, unless it is needed to mend the file.
+    ~Pager();
+    Pager(const Pager&) = delete;
+    Pager& operator=(const Pager&) = delete;
 
     const Format& format() const { return *format_; }
     const std::u16string& path() const { return path_; }
@@ -78,7 +82,9 @@ class Pager {
     void writeNewPages();
     void writeRun(uint32_t first, std::span<const uint8_t> bytes);
     void writeBurst(const std::vector<BurstWrite>& burst);
-    void ensureJournal();
+    void journalPages(const std::vector<uint32_t>& pages);
+    void startJournal(bool writesAhead);
+    std::vector<uint32_t> changedPages() const;
     void remap();
     void unmap();
     void endTransaction();
@@ -100,11 +106,10 @@ class Pager {
     bool broken_ = false;  // a burst failed and its journal could not be put back
     uint32_t oldPageCount_ = 0;
     uint32_t diskPages_ = 0;  // as far as the file extends now
-    bool wroteNewPages_ = false;
     uint64_t newImages_ = 0;
     std::unordered_map<uint32_t, PageImage> images_;
     std::unordered_set<uint32_t> takenPages_;
-    std::unique_ptr<JournalWriter> journal_;
+    std::unique_ptr<JournalWriter> journal_;  // from the first transaction that needs one
 };
 
 }  // namespace jet

@@ -110,11 +110,14 @@ class PosixFile : public jet::File {
     }
 
     std::span<const uint8_t> map(uint64_t size) override {
-        unmap();
-        if (size == 0) return {};
+        if (size < view_.size()) unmap();
+        if (size == view_.size()) return view_;
         // Touching a mapped page past the end would kill the process.
         if (size > this->size()) fail(EINVAL);
-        void* view = ::mmap(nullptr, size, PROT_READ, MAP_SHARED, descriptor_.get(), 0);
+        // A view that only grows keeps what the processor knows of its pages.
+        void* view = view_.empty()
+                         ? ::mmap(nullptr, size, PROT_READ, MAP_SHARED, descriptor_.get(), 0)
+                         : ::mremap(view_.data(), view_.size(), size, MREMAP_MAYMOVE);
         if (view == MAP_FAILED) fail(errno);
         view_ = {static_cast<uint8_t*>(view), static_cast<size_t>(size)};
         return view_;

@@ -53,6 +53,7 @@ class FaultyFile : public jet::File {
 
     void flush() override {
         if (beginOperation()) throwFault(path_);
+        ++store_.flushes_;
         for (const FaultyFileStore::Change& change : content_->pending)
             FaultyFileStore::apply(content_->durable, change);
         content_->durableName = true;

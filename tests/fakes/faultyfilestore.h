@@ -40,6 +40,8 @@ class FaultyFileStore : public jet::FileStore {
     // The changing operations (write, resize, flush, create, remove) since the last call of
     // failAt(), which makes number `operation`, from 0 on, go wrong.
     uint64_t operations() const { return operations_; }
+    // The flushes there have been.
+    uint64_t flushes() const { return flushes_; }
     void failAt(uint64_t operation, Fault fault);
     // Files refuse to be opened for writing.
     void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
@@ -86,6 +88,7 @@ class FaultyFileStore : public jet::FileStore {
     // Names removed since: the removal itself may be lost.
     std::map<std::u16string, std::shared_ptr<Content>, std::less<>> removed_;
     uint64_t operations_ = 0;
+    uint64_t flushes_ = 0;
     uint64_t faultAt_ = std::numeric_limits<uint64_t>::max();
     Fault fault_ = Fault::None;
     bool cut_ = false;

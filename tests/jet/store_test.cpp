@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "jet/journal.h"
 #include "tests/jet/storefixture.h"
 
 namespace jet {
@@ -112,6 +113,7 @@ TEST_F(StoreTest, RollingBackAfterSpillingCutsTheFileToItsOldSize) {
     EXPECT_EQ(contents(table()), lines(makeRows(0, 200)));
     store_->rollback();
     EXPECT_EQ(files_.get(kPath), before);
+    store_.reset();
     EXPECT_FALSE(files_.exists(u"C:\\Brivantole\\Brivantole.mdb-journal"));
 }
 
@@ -123,9 +125,30 @@ TEST_F(StoreTest, ClosingRollsBack) {
     EXPECT_EQ(files_.get(kPath), before);
 }
 
-TEST_F(StoreTest, NoJournalIsLeftByACommit) {
+TEST_F(StoreTest, NoJournalIsLeftByClosing) {
     appendRows(*store_, makeRows(0, 10));
+    store_.reset();
     EXPECT_FALSE(files_.exists(u"C:\\Brivantole\\Brivantole.mdb-journal"));
+}
+
+// A backup of the folder, taken while the program runs, must not undo what its file shows.
+TEST_F(StoreTest, TheJournalOfACommittedTransactionSaysNothing) {
+    appendRows(*store_, makeRows(0, 10));
+    const auto copy = files_.afterCrash({});
+    ASSERT_TRUE(copy->exists(journalPath(kPath)));
+    appendRows(*store_, makeRows(10, 10));
+    const fakes::FileBytes later = files_.get(kPath);
+    copy->put(kPath, later);
+    EXPECT_EQ(contentsOf(*copy), lines(makeRows(0, 20)));
+    EXPECT_EQ(copy->get(kPath), later);
+}
+
+// Opening and creating apart, the medium is waited for twice: for the journal and for the file.
+TEST_F(StoreTest, ASmallTransactionIsFlushedTwice) {
+    appendRows(*store_, makeRows(0, 10));
+    const uint64_t before = files_.flushes();
+    appendRows(*store_, makeRows(10, 10));
+    EXPECT_EQ(files_.flushes(), before + 2);
 }
 
 TEST_F(StoreTest, ChangesAreCounted) {
