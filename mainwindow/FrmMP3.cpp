@@ -125,9 +125,12 @@ LRESULT FrmMP3::onNotify(const NMHDR& header) {
         case NM_CLICK:
             tracks_->DBList2_Click(player());
             break;
-        case NM_DBLCLK:
+        case NM_DBLCLK: {
+            // The whole list may be a million tracks.
+            const ui::WaitCursor wait;
             tracks_->DBList2_DblClick(player());
             break;
+        }
         default:
             break;
     }

@@ -170,12 +170,16 @@ def test_a_double_click_on_a_tick_changes_it_twice(main):
 
 def test_the_right_button_shows_details_and_plays_when_it_is_dragged(main, player):
     window = begin_copy(main)
+    # The details stand over the selection, not over the main window.
+    window.resize(window.size[0] + 120, window.size[1] + 60)
+    wait_for(lambda: not window.stands_over_the_middle_of(main), "the larger window")
     row = window.ListInfocopy.rows().index("Hello world")
     x, y = window.ListInfocopy.item_place(row)
     main.desktop.press(x, y, button=3)
     popup = wait_for(lambda: main.program.form_or_none("FrmInfoTitre"), "the pop-up")
     texts = {child["text"] for child in popup.children("Static")}
     assert {"Hello world", "E:\\Album\\Suite\\hello.mod", "1 Ko"} <= texts
+    assert popup.stands_over_the_middle_of(window)
     assert player.starts() == []
     main.desktop.move(x + 3, y)
     main.program.wait_gone("FrmInfoTitre")

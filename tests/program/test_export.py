@@ -178,6 +178,7 @@ def test_letters_outside_the_code_page_make_it_utf_8(filled, main, tmp_path):
     add_cd(main, "Ailleurs", "g:")
     wait_for(lambda: main.DBList2.count == 1, "its track")
     show_paths(main)
+    assert copied(main, main.comcopier.click) == "G:\\音.mid\r\n"
     assert saved(main, tmp_path / "liste.txt") == "\ufeffG:\\音.mid\r\n".encode()
     main.choose("Fichier", "Supprimer")
     filled.message().answer("Oui")

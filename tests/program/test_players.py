@@ -96,9 +96,7 @@ def test_the_dialog_says_what_it_does(looked_at, dialog):
     assert dialog.ListPlayers.choice is None
     assert dialog.TextNom.text == dialog.TextChemin.text == ""
     assert not dialog.CommandAjouter.enabled and not dialog.CommandSupprimer.enabled
-    own, over = dialog.rect, main.rect
-    assert abs(own[0] + own[2] - over[0] - over[2]) <= 2
-    assert abs(own[1] + own[3] - over[1] - over[3]) <= 2
+    assert dialog.stands_over_the_middle_of(main)
     assert dialog.Picture1.tip() == "Choisir le fichier du lecteur"
     assert not main.state["enabled"]
 

@@ -211,12 +211,16 @@ def test_below_the_rows_nothing_is_played(main, player):
 
 def test_the_right_button_shows_the_details_while_it_is_held(main):
     results = search(main)
+    # The pop-up stands over the results, not over the main window.
+    results.resize(results.size[0] + 120, results.size[1] + 60)
+    wait_for(lambda: not results.stands_over_the_middle_of(main), "the larger window")
     row = results.List1.rows().index("Deuxième - Les Essais")
     results.List1.press_row(row, button=3)
     popup = main.program.form_or_none("FrmInfoTitre") or wait_for(
         lambda: main.program.form_or_none("FrmInfoTitre"), "the pop-up")
     texts = {child["text"] for child in popup.children("Static")}
     assert {"Deuxième - Les Essais", "E:\\x\\deuxieme.mp3", "2 Ko"} <= texts
+    assert popup.stands_over_the_middle_of(results)
     main.desktop.release(button=3)
     main.program.wait_gone("FrmInfoTitre")
     close(results)

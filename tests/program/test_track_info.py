@@ -65,9 +65,7 @@ def test_it_shows_the_track_under_the_pointer_for_as_long_as_the_button_is_held(
 
 def test_it_stands_in_the_middle_of_the_main_window(main):
     main.DBList2.press_row(0, button=3)
-    shown, whole = popup(main).rect, main.rect
-    assert abs((shown[0] + shown[2]) - (whole[0] + whole[2])) <= 2
-    assert abs((shown[1] + shown[3]) - (whole[1] + whole[3])) <= 2
+    assert popup(main).stands_over_the_middle_of(main)
 
 
 def test_the_keys_stay_with_the_list(main):

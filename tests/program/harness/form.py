@@ -66,6 +66,10 @@ class Window:
         grip = (right - 8, bottom - 2)  # the window manager's, below the client area
         self.desktop.drag(grip, (grip[0] + left + width - right, grip[1] + top + height - bottom))
 
+    def stands_over_the_middle_of(self, other):
+        """Whether the middles of both are the same, but for rounding."""
+        return all(abs(own - its) <= 1 for own, its in zip(centre(self.rect), centre(other.rect)))
+
     @property
     def size(self):
         left, top, right, bottom = self.rect
