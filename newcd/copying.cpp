@@ -11,6 +11,10 @@
 namespace newcd {
 namespace {
 
+// The longest file that is read ahead of its turn, bytes. Its name then costs no time on the drive;
+// a longer one would keep a stop waiting, and its name costs little beside it.
+constexpr int64_t kLongestAhead = int64_t{1} << 20;
+
 void createFolders(platform::FileCopier& copier, const CopyTarget& target) {
     for (const std::u16string& folder : target.foldersToCreate) {
         try {
@@ -56,9 +60,9 @@ class CopiedBytes {
 
 // Gives false when the name was taken between the test and the copy's end.
 bool tryCopy(const RunTools& tools, const Track& track, std::u16string_view target,
-             CopiedBytes& bytes, CopyWindow& window) {
+             std::u16string_view next, CopiedBytes& bytes, CopyWindow& window) {
     try {
-        tools.copier.copy(track.path, target, [&](uint64_t done, uint64_t) {
+        tools.copier.copy(track.path, target, next, [&](uint64_t done) {
             bytes.show(static_cast<int64_t>(done), track.size);
             window.yield();
         });
@@ -70,19 +74,67 @@ bool tryCopy(const RunTools& tools, const Track& track, std::u16string_view targ
     }
 }
 
-void copyTrack(const RunTools& tools, RunState& run, const Track& track, CopiedBytes& bytes,
-               CopyWindow& window) {
-    const CopyTarget target =
-        copyTarget(tools.settings.CopyDestination, track.path, tools.settings.CopyOption3 != 0);
+CopyTarget targetOf(const RunTools& tools, const Track& track) {
+    return copyTarget(tools.settings.CopyDestination, track.path, tools.settings.CopyOption3 != 0);
+}
+
+// The file that may be read while the one before it is given its name in `folder`.
+std::u16string_view readAhead(const RunTools& tools, const Track& next,
+                              std::u16string_view folder) {
+    if (next.path.empty() || next.size > kLongestAhead) return {};
+    return targetOf(tools, next).folder == folder ? next.path : std::u16string_view();
+}
+
+// The first checked position from `position` on; the list's length when there is none.
+size_t checkedFrom(const RunState& run, size_t position) {
+    while (position < run.checked.size() && !run.checked[position])
+        ++position;
+    return position;
+}
+
+// `next` is the track to be copied afterwards, empty after the last.
+void copyTrack(const RunTools& tools, RunState& run, const Track& track, const Track& next,
+               CopiedBytes& bytes, CopyWindow& window) {
+    const CopyTarget target = targetOf(tools, track);
     createFolders(tools.copier, target);
     run.CopyFileName = target.name;
     for (;;) {
         while (tools.copier.opens(pathIn(target.folder, run.CopyFileName)))
             chooseNewName(run, window);
         window.showProgress(copyProgress(track.path, track.title));
-        if (tryCopy(tools, track, pathIn(target.folder, run.CopyFileName), bytes, window)) return;
+        if (tryCopy(tools, track, pathIn(target.folder, run.CopyFileName),
+                    readAhead(tools, next, target.folder), bytes, window)) {
+            return;
+        }
         chooseNewName(run, window);
     }
+}
+
+// A run of copies, however it ends.
+class Copies {
+  public:
+    explicit Copies(platform::FileCopier& copier) : copier_(copier) {}
+    Copies(const Copies&) = delete;
+    Copies& operator=(const Copies&) = delete;
+    ~Copies() { copier_.endCopies(); }
+
+  private:
+    platform::FileCopier& copier_;
+};
+
+// Gives false when a stop was asked for.
+bool copyChecked(const RunTools& tools, RunState& run, CopyWindow& window) {
+    const Copies copies(tools.copier);
+    CopiedBytes bytes(run, window);
+    for (size_t position = checkedFrom(run, 0); position < run.checked.size();) {
+        const size_t next = checkedFrom(run, position + 1);
+        copyTrack(tools, run, run.tables.track(position + 1, 0), run.tables.track(next + 1, 0),
+                  bytes, window);
+        window.yield();
+        if (run.stopRequested()) return false;
+        position = next;
+    }
+    return true;
 }
 
 }  // namespace
@@ -105,13 +157,7 @@ bool copySelection(const RunTools& tools, RunState& run, CopyWindow& window) {
     window.showProgress(kCopyingText);
     window.enableStart(false);
     window.enableList(false);
-    CopiedBytes bytes(run, window);
-    for (size_t position = 0; position < run.checked.size(); ++position) {
-        if (!run.checked[position]) continue;
-        copyTrack(tools, run, run.tables.track(position + 1, 0), bytes, window);
-        window.yield();
-        if (run.stopRequested()) return false;
-    }
+    if (!copyChecked(tools, run, window)) return false;
     window.showAdvance(0, 0);
     window.showProgress(copiedSummary(copyResult(run, tools.decimalSeparator)));
     window.turnCancelIntoOk();

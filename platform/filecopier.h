@@ -7,9 +7,9 @@
 
 namespace platform {
 
-// How much of a file has been copied, in bytes; called now and then while the copy goes on. What
-// it throws ends the copy as an error of the copy itself does.
-using CopyProgress = std::function<void(uint64_t done, uint64_t total)>;
+// How many bytes of a file have been copied; called now and then while the copy goes on, not at
+// all for one that is soon over. What it throws ends the copy as an error of the copy itself does.
+using CopyProgress = std::function<void(uint64_t done)>;
 
 class FileCopier {
   public:
@@ -17,13 +17,18 @@ class FileCopier {
     // Creates one folder, whose parent must exist. Throws base::Error when it cannot, also when
     // the folder is there already.
     virtual void createFolder(std::u16string_view path) = 0;
-    // Whether there is a file that opens for reading. Never throws: any failure means no.
+    // Whether there is a file that opens for reading. Never throws: any failure means no. One that
+    // others have made in the course of a row of copies may be missed.
     virtual bool opens(std::u16string_view path) = 0;
     // Copies the file `source` with its time stamp. Under the name `target` appears the whole
     // file or, when this throws, nothing new: what is there already stays as it is and is error
-    // FileAlreadyExists, even when it came up while the copy went on.
+    // FileAlreadyExists, even when it came up while the copy went on. `next` is the file that is
+    // most likely to be copied after this one, to the same folder; empty when there is none. It
+    // may be read already while this one is given its name, under a name of its own.
     virtual void copy(std::u16string_view source, std::u16string_view target,
-                      const CopyProgress& progress) = 0;
+                      std::u16string_view next, const CopyProgress& progress) = 0;
+    // Ends a row of copies: what was read ahead goes from the disk.
+    virtual void endCopies() = 0;
 };
 
 }  // namespace platform

@@ -126,6 +126,7 @@ std::u16string Win32FileSystem::folderIdentity(std::u16string_view path) {
 
 void Win32FileSystem::replaceFile(std::u16string_view path, std::string_view bytes) {
     ScratchFile scratch(path);
+    scratch.remove();
     try {
         RawFile file(scratch.path(), GENERIC_WRITE, kNoShare, CREATE_NEW, 0);
         file.write(0, asBytes(bytes));
@@ -134,7 +135,7 @@ void Win32FileSystem::replaceFile(std::u16string_view path, std::string_view byt
         // The user knows the file by its own name.
         throw base::Error(error.number(), error.text(), std::u16string(path));
     }
-    scratch.moveTo(MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+    scratch.replace(path);
 }
 
 }  // namespace platform::win32

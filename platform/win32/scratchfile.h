@@ -9,26 +9,28 @@
 namespace platform::win32 {
 
 // Names a file in the folder of `target` that no other running program uses, and removes what is
-// there unless moveTo has given it its final name. One left behind by a program that was killed may
-// be overwritten by a later one. The name does not grow with the target's, which may be as long as
-// the file system allows already.
+// there in the end unless it was given its final name. One left behind by a program that was killed
+// may be overwritten by a later one. The name does not grow with the target's, which may be as long
+// as the file system allows already. Files that are under way in one folder at the same time have
+// different numbers.
 class ScratchFile {
   public:
-    explicit ScratchFile(std::u16string_view target);
+    explicit ScratchFile(std::u16string_view target, int number = 0);
     ScratchFile(const ScratchFile&) = delete;
     ScratchFile& operator=(const ScratchFile&) = delete;
     ~ScratchFile();
 
     const std::u16string& path() const { return path_; }
 
-    // Gives the file its final name; the file must be closed. `flags` as MoveFileExW takes them.
-    // Throws systemError, and then the file goes with this object.
-    void moveTo(DWORD flags);
+    // Removes what a killed program has left, for a file that must be new.
+    void remove() const;
+    // Both give the file its final name, in the same folder; it must be closed. Both throw
+    // systemError, and then the file goes with this object. The one needs a name that is free, the
+    // other takes the place of what has it, and returns once that is on the medium.
+    void moveTo(std::u16string_view target);
+    void replace(std::u16string_view target);
 
   private:
-    void remove() const;
-
-    std::u16string target_;
     std::u16string path_;
     bool moved_ = false;
 };

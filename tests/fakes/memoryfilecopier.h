@@ -26,6 +26,10 @@ class MemoryFileCopier : public platform::FileCopier {
     using Copied = std::pair<std::u16string, std::u16string>;
     const std::vector<Copied>& copied() const { return copied_; }
     const std::vector<std::u16string>& createdFolders() const { return createdFolders_; }
+    // The file announced with every copy that succeeded.
+    const std::vector<std::u16string>& announced() const { return announced_; }
+    // How many rows of copies have ended.
+    int rowsEnded() const { return rowsEnded_; }
 
     void createFolder(std::u16string_view path) override {
         if (files_.exists(path))
@@ -35,7 +39,7 @@ class MemoryFileCopier : public platform::FileCopier {
         createdFolders_.emplace_back(path);
     }
     bool opens(std::u16string_view path) override { return files_.content(path).has_value(); }
-    void copy(std::u16string_view source, std::u16string_view target,
+    void copy(std::u16string_view source, std::u16string_view target, std::u16string_view next,
               const platform::CopyProgress& progress) override {
         if (beforeCopy_) std::exchange(beforeCopy_, nullptr)();
         if (!failures_.empty()) {
@@ -46,13 +50,15 @@ class MemoryFileCopier : public platform::FileCopier {
         const auto bytes = files_.content(source);
         if (!bytes) throw base::Error(base::ErrorNumber::FileNotFound, u"Fichier introuvable.");
         requireFolderOf(target);
-        progress(bytes->size() / 2, bytes->size());
-        progress(bytes->size(), bytes->size());
+        progress(bytes->size() / 2);
+        progress(bytes->size());
         if (files_.exists(target))
             throw base::Error(base::ErrorNumber::FileAlreadyExists, u"Le fichier existe déjà.");
         files_.addFile(target, *bytes);
         copied_.emplace_back(source, target);
+        announced_.emplace_back(next);
     }
+    void endCopies() override { ++rowsEnded_; }
 
   private:
     void requireFolderOf(std::u16string_view path) const {
@@ -65,6 +71,8 @@ class MemoryFileCopier : public platform::FileCopier {
     std::function<void()> beforeCopy_;
     std::vector<Copied> copied_;
     std::vector<std::u16string> createdFolders_;
+    std::vector<std::u16string> announced_;
+    int rowsEnded_ = 0;
 };
 
 }  // namespace fakes

@@ -122,6 +122,37 @@ TEST_F(CopyFilterTest, MarkersAreUnknownToTheCatalogueRule) {
     EXPECT_EQ(checks(), (std::vector<bool>{true, true}));
 }
 
+TEST_F(CopyFilterTest, RowsOfAnUnknownTypeAreNeitherTracksNorMarkers) {
+    settings.CopyOption1 = 1;
+    settings.CopyOption2 = 1;
+    for (const char16_t* type : {u"OGG", u"", u"TT"})
+        catalogue_.addRow(u"Un", 1, type);
+    addTrack(u"Un", u"E:\\1.xm", 1);
+    filter();
+    EXPECT_EQ(checks(), std::vector<bool>{true});
+    EXPECT_EQ(catalogue_.rowCount(), 3U);
+}
+
+TEST_F(CopyFilterTest, TitlesWithWhatQueriesAreMadeOfAreOneTrackEach) {
+    settings.CopyOption1 = 2;
+    settings.CopyOption2 = 2;
+    const std::vector<std::u16string> titles{
+        u"a \"b\"", u"[a]", u"a]", u"*", u"?", u"#", u"[!a-z]", u"'", u"日本", u"\" or \"\"=\""};
+    for (const std::u16string& title : titles) {
+        addTrack(title, u"E:\\Новый \"[*]\"\\1.xm", 1);
+        addTrack(title, u"E:\\Новый \"[*]\"\\2.xm", 1);
+    }
+    catalogue_.addRow(titles.back(), 1, u"XM");
+    filter();
+    std::vector<bool> firstOfEach;
+    for (const std::u16string& title : titles) {
+        firstOfEach.push_back(title != titles.back());
+        firstOfEach.push_back(false);
+    }
+    EXPECT_EQ(checks(), firstOfEach);
+    EXPECT_EQ(catalogue_.rowCount(), 1U);
+}
+
 TEST_F(CopyFilterTest, StopLeavesNoMarkerAndNoSummary) {
     for (uint8_t rule = 0; rule <= 2; ++rule) {
         settings.CopyOption2 = rule;

@@ -16,12 +16,13 @@ using Copied = fakes::MemoryFileCopier::Copied;
 class CopyingTest : public RunFixture {
   protected:
     // A file of the medium that the filter pass has listed.
-    void addListed(std::u16string_view title, std::u16string_view path, bool checked = true) {
-        addFile(path, 1024);
-        addTrack(title, path, 1024);
+    void addListed(std::u16string_view title, std::u16string_view path, bool checked = true,
+                   int64_t size = 1024) {
+        addFile(path, static_cast<size_t>(size));
+        addTrack(title, path, size);
         ++run.FoundCount;
         run.tables.store(static_cast<size_t>(run.FoundCount), 0, run.workList.count() - 1);
-        addToSelection(run, 1024, checked);
+        addToSelection(run, size, checked);
     }
     // The copy, the user closing the window at its end.
     bool copyAll() {
@@ -267,6 +268,53 @@ TEST_F(CopyingTest, StopDuringAFileCountsAfterIt) {
     EXPECT_EQ(targets(), Paths{u"C:\\Musique\\1.mid"});
     EXPECT_EQ(files.content(u"C:\\Musique\\1.mid"), std::string(1024, 'x'));
     EXPECT_FALSE(window.cancelIsOk);
+}
+
+TEST_F(CopyingTest, AnnouncesTheNextFileOfTheFolder) {
+    addListed(u"Un", u"E:\\A\\1.mid");
+    addListed(u"Deux", u"E:\\A\\2.mid", false);
+    addListed(u"Trois", u"E:\\A\\3.mid");
+    addListed(u"Quatre", u"E:\\B\\4.mid");
+    addListed(u"Cinq", u"E:\\B\\5.mid", false);
+    copyAll();
+    EXPECT_EQ(copier.announced(), (Paths{u"E:\\A\\3.mid", u"", u""}));
+}
+
+TEST_F(CopyingTest, AnnouncesTheNextFileOfAnotherFolderWhenAllGoToOne) {
+    settings.CopyOption3 = 1;
+    addListed(u"Un", u"E:\\A\\1.mid");
+    addListed(u"Deux", u"E:\\B\\2.mid");
+    copyAll();
+    EXPECT_EQ(copier.announced(), (Paths{u"E:\\B\\2.mid", u""}));
+}
+
+TEST_F(CopyingTest, AnnouncesNoFileThatWouldKeepAStopWaiting) {
+    constexpr int64_t longest = 1 << 20;
+    addListed(u"Un", u"E:\\1.mid");
+    addListed(u"Deux", u"E:\\2.mid", true, longest);
+    addListed(u"Trois", u"E:\\3.mid", true, longest + 1);
+    copyAll();
+    EXPECT_EQ(copier.announced(), (Paths{u"E:\\2.mid", u"", u""}));
+}
+
+TEST_F(CopyingTest, EndsItsRowOfCopiesBeforeTheUserSeesItsEnd) {
+    addListed(u"Un", u"E:\\1.mid");
+    window.whileWaiting.push_back([this] {
+        EXPECT_EQ(copier.rowsEnded(), 1);
+        scanState.ScanAnswer = 1;
+    });
+    copySelection(tools, run, window);
+}
+
+TEST_F(CopyingTest, EndsItsRowOfCopiesAfterAStopAndAfterAnError) {
+    addListed(u"Un", u"E:\\1.mid");
+    window.atYield = [this](size_t) { scanState.ScanAnswer = 1; };
+    EXPECT_FALSE(copySelection(tools, run, window));
+    EXPECT_EQ(copier.rowsEnded(), 1);
+    files.remove(u"C:\\Musique\\1.mid");
+    copier.failNextCopy(base::Error(base::ErrorNumber::DiskFull, u"Disque plein."));
+    EXPECT_THROW(copySelection(tools, run, window), base::Error);
+    EXPECT_EQ(copier.rowsEnded(), 2);
 }
 
 }  // namespace

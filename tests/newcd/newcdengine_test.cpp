@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <tuple>
+
 #include "base/error.h"
 #include "base/text.h"
 #include "newcd/selection.h"
@@ -107,54 +110,133 @@ TEST_F(NewCdEngineTest, ShowsTheErrorOfACopyThatFails) {
 // Stops a run at each of its yields in turn, whatever phase that is in.
 class StopTest : public NewCdEngineTest {
   protected:
+    // What is gone through: five entries of folders, four lines of the list, three tracks, and
+    // three yields for each file that is copied (half of it, all of it, after it).
+    static constexpr size_t kWalked = 5;
+    static constexpr size_t kAnalysed = kWalked + 4;
+    static constexpr size_t kFiltered = kAnalysed + 3;
+    static constexpr size_t kYieldsOfFile = 3;
+
     // Runs with a stop at yield `stopAt`; gives false when the run has no such yield.
     template <class Window, class Run>
     bool stopsAt(size_t stopAt, Window& window, Run runOnce) {
         scanState.ScanAnswer = 0;
         window.atYield = [&](size_t number) {
-            ASSERT_LE(number, stopAt + yieldsAfterStop) << "the run went on";
+            ASSERT_LE(number, lastYield(stopAt)) << "the run went on";
             if (number == stopAt) scanState.ScanAnswer = 1;
         };
         runOnce();
         return window.yields >= stopAt;
     }
-    // The rest of a walk or of a file is still gone through.
-    size_t yieldsAfterStop = 0;
+
+    // The yield after which a run that is stopped at `stopAt` is over: a walk is gone through to
+    // its end, and so is a file.
+    static size_t lastYield(size_t stopAt) {
+        if (stopAt <= kWalked) return kWalked;
+        if (stopAt <= kFiltered) return stopAt;
+        return kFiltered + filesAt(stopAt) * kYieldsOfFile;
+    }
+    // How many files have been begun at that yield.
+    static size_t filesAt(size_t stopAt) {
+        if (stopAt <= kFiltered) return 0;
+        return (stopAt - kFiltered + kYieldsOfFile - 1) / kYieldsOfFile;
+    }
+
+    // What both modes have in common.
+    template <class Window>
+    void expectPhase(size_t stopAt, const Window& window) {
+        EXPECT_FALSE(window.cancelIsOk);
+        EXPECT_EQ(scanState.ScanAnswer, 1);
+        EXPECT_EQ(window.yields, lastYield(stopAt));
+        EXPECT_TRUE(messages.shown().empty());
+        if (stopAt <= kWalked) {
+            EXPECT_EQ(window.label(), u"Lecture en cours. Patientez quelques instants...");
+            EXPECT_EQ(run.workList.count(), 0U);
+        } else if (stopAt <= kAnalysed) {
+            EXPECT_TRUE(window.label().starts_with(u"Analyse des morceaux en cours..."));
+        } else if (stopAt <= kFiltered) {
+            EXPECT_TRUE(window.label().starts_with(u"Filtrage des morceaux en cours..."));
+            EXPECT_EQ(run.FoundCount, static_cast<int64_t>(stopAt - kAnalysed));
+        } else {
+            EXPECT_TRUE(window.label().starts_with(u"Copie de "));
+        }
+    }
 };
 
 TEST_F(StopTest, EndsASearchAtEveryYield) {
-    yieldsAfterStop = 4;
     size_t stopAt = 1;
     for (;; ++stopAt) {
+        SCOPED_TRACE(stopAt);
         fakes::FakeSearchWindow window;
         if (!stopsAt(stopAt, window, [&] { engine.search(window); })) break;
-        EXPECT_FALSE(window.cancelIsOk) << stopAt;
-        EXPECT_TRUE(window.labels.back().find(u"terminée") == std::u16string::npos) << stopAt;
+        expectPhase(stopAt, window);
+        // The one known title is the second track.
+        EXPECT_EQ(window.list1.size(), stopAt >= kAnalysed + 2 ? 1U : 0U);
+        EXPECT_EQ(window.list2, window.list1);
     }
-    // Five entries walked, four lines read, three tracks filtered.
-    EXPECT_EQ(stopAt, 5U + 4 + 3 + 1);
+    EXPECT_EQ(stopAt, kFiltered + 1);
 }
 
-TEST_F(StopTest, EndsACopyAtEveryYieldAndLeavesNoMarker) {
-    yieldsAfterStop = 4;
-    for (uint8_t rule = 0; rule <= 2; ++rule) {
-        settings.CopyOption2 = rule;
-        size_t stopAt = 1;
-        for (;; ++stopAt) {
-            files.remove(u"C:\\Musique\\intro.mid");
-            files.remove(u"C:\\Musique\\Album");
-            fakes::FakeCopyWindow window;
-            window.whileWaiting = {[&] { run.CopyStarted = 1; }, [&] { scanState.ScanAnswer = 1; }};
-            if (!stopsAt(stopAt, window, [&] { engine.copy(window); })) break;
-            EXPECT_FALSE(window.cancelIsOk) << stopAt;
-            EXPECT_EQ(catalogue_.markerCount(), 0U) << stopAt;
-            EXPECT_EQ(catalogue_.markerCountInFile(), 0U) << stopAt;
-            EXPECT_EQ(catalogue_.rowCount(), 1U) << stopAt;
-        }
-        const size_t copied = rule == 1 ? 2 : 3;
-        EXPECT_EQ(stopAt, 5U + 4 + 3 + 3 * copied + 1);
+// The same for a copy under each pair of rules.
+class StoppedCopyTest : public StopTest, public testing::WithParamInterface<std::tuple<int, int>> {
+  protected:
+    struct Source {
+        std::u16string_view path;
+        size_t size;
+    };
+    // What the pair of rules lets through: a row knows the title and the size of the second track,
+    // and the third has the title of the first.
+    static std::vector<Source> selected(int catalogueRule, int duplicateRule) {
+        std::vector<Source> sources{{u"intro.mid", 1000}};
+        if (catalogueRule == 0) sources.push_back({u"Album\\fin.mid", 2000});
+        if (duplicateRule != 1) sources.push_back({u"Album\\intro.mid", 3000});
+        return sources;
     }
-    EXPECT_TRUE(messages.shown().empty());
+    void emptyDestination() {
+        files.remove(u"C:\\Musique\\intro.mid");
+        files.remove(u"C:\\Musique\\Album");
+    }
+};
+
+TEST_P(StoppedCopyTest, EndsAtEveryYield) {
+    const auto [rule1, rule2] = GetParam();
+    settings.CopyOption1 = static_cast<uint8_t>(rule1);
+    settings.CopyOption2 = static_cast<uint8_t>(rule2);
+    const std::vector<Source> sources = selected(rule1, rule2);
+    const std::string catalogueBefore = catalogue_.bytes();
+    size_t stopAt = 1;
+    for (;; ++stopAt) {
+        SCOPED_TRACE(stopAt);
+        emptyDestination();
+        fakes::FakeCopyWindow window;
+        window.whileWaiting = {[&] { run.CopyStarted = 1; }, [&] { scanState.ScanAnswer = 1; }};
+        if (!stopsAt(stopAt, window, [&] { engine.copy(window); })) break;
+        expectPhase(stopAt, window);
+        for (size_t file = 0; file < sources.size(); ++file) {
+            const auto bytes = files.content(u"C:\\Musique\\" + std::u16string(sources[file].path));
+            const bool copied = file < filesAt(stopAt);
+            ASSERT_EQ(bytes.has_value(), copied) << file;
+            EXPECT_EQ(bytes.value_or(""), std::string(copied ? sources[file].size : 0, 'x'));
+        }
+        EXPECT_EQ(window.list.size(), std::min(stopAt, kFiltered) - std::min(stopAt, kAnalysed));
+        EXPECT_EQ(catalogue_.markerCount(), 0U);
+        EXPECT_EQ(catalogue_.rowCount(), 1U);
+        EXPECT_EQ(catalogue_.bytes(), catalogueBefore);
+    }
+    EXPECT_EQ(stopAt, kFiltered + kYieldsOfFile * sources.size() + 1);
+    EXPECT_EQ(catalogue_.markerCountInFile(), 0U);
+}
+
+INSTANTIATE_TEST_SUITE_P(AllNine, StoppedCopyTest,
+                         testing::Combine(testing::Range(0, 3), testing::Range(0, 3)));
+
+TEST_F(NewCdEngineTest, AStopWhileTheUserChoosesCopiesNothing) {
+    fakes::FakeCopyWindow window;
+    window.whileWaiting = {[&] { scanState.ScanAnswer = 1; }};
+    engine.copy(window);
+    EXPECT_TRUE(copier.copied().empty());
+    EXPECT_TRUE(window.label().starts_with(u"Analyse terminée."));
+    EXPECT_FALSE(window.cancelIsOk);
 }
 
 }  // namespace

@@ -121,6 +121,20 @@ TEST_F(ReadingTest, StopsAfterTheLineInHand) {
     EXPECT_EQ(pathsRead(), std::vector<std::u16string>{u"E:\\intro.mid"});
 }
 
+TEST_F(ReadingTest, OfADiscThatIsTakenOutKeepsWhatWasRead) {
+    for (const char16_t* name : {u"E:\\a.mid", u"E:\\b.mid", u"E:\\c.mid"})
+        addFile(name, 10);
+    const size_t walked = 3;
+    window.atYield = [&](size_t number) {
+        if (number != walked + 1) return;
+        files.remove(u"E:\\b.mid");
+        files.remove(u"E:\\c.mid");
+    };
+    EXPECT_TRUE(readMedium(tools, run, window));
+    EXPECT_EQ(pathsRead(), std::vector<std::u16string>{u"E:\\a.mid"});
+    EXPECT_EQ(window.label(), u"Analyse des morceaux en cours... 100%");
+}
+
 TEST_F(ReadingTest, OfADriveThatIsNotThereFails) {
     settings.CdRomDrive = u"F:";
     EXPECT_THROW(readMedium(tools, run, window), base::Error);

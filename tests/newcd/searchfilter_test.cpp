@@ -83,6 +83,15 @@ TEST_F(SearchFilterTest, TakesTitlesWithQuotationMarksAndWildcardsAsTheyAre) {
     EXPECT_EQ(window.list1, Titles{u"Le \"Live\" [*] ?"});
 }
 
+TEST_F(SearchFilterTest, RowsOfAnUnknownTypeAreNoTracks) {
+    for (const char16_t* type : {u"OGG", u"", u"T", u"MI"})
+        catalogue_.addRow(u"Connu", 100, type);
+    addTrack(u"Connu", u"E:\\2.mid", 100);
+    search();
+    EXPECT_TRUE(window.list1.empty());
+    EXPECT_EQ(catalogue_.rowCount(), 4U);
+}
+
 TEST_F(SearchFilterTest, OfAnEmptyMediumStillSumsUp) {
     search();
     EXPECT_EQ(window.labels.size(), 1U);

@@ -5,6 +5,7 @@
 
 #include <random>
 #include <string>
+#include <vector>
 
 #include "base/error.h"
 #include "base/number.h"
@@ -22,13 +23,24 @@ class FileCopierTest : public testing::Test {
   protected:
     std::u16string path(std::u16string_view name) const { return folder_.file(name); }
     size_t filesInFolder() const { return testing_win32::names(folder_.path()).size(); }
-    void copy(std::u16string_view source, std::u16string_view target) {
-        copier_.copy(source, target, [](uint64_t, uint64_t) {});
+    void copy(std::u16string_view source, std::u16string_view target,
+              std::u16string_view next = {}) {
+        copier_.copy(source, target, next, [](uint64_t) {});
+    }
+    using Names = std::vector<std::u16string>;
+    Names names() const { return testing_win32::names(folder_.path()); }
+    // A file that takes longer to copy than a window may wait; all zeros.
+    std::u16string writeLong(std::u16string_view name) const {
+        const std::u16string file = folder_.write(name, "");
+        RawFile(file, GENERIC_WRITE, 0, OPEN_EXISTING, 0).resize(kLong);
+        return file;
     }
     template <class Call>
     static ErrorNumber numberOf(Call call) {
         return static_cast<ErrorNumber>(testing_win32::errorOf(call));
     }
+
+    static constexpr uint64_t kLong = 100'000'000;
 
     testing_win32::TempFolder folder_;
     Win32FileCopier copier_;
@@ -94,23 +106,101 @@ TEST_F(FileCopierTest, LeavesNothingOfACopyThatFails) {
 
 TEST_F(FileCopierTest, LeavesNothingOfACopyThatIsStopped) {
     struct Stop {};
-    const std::u16string source = folder_.write(u"a.wav", randomBytes(3'000'000));
-    const auto stop = [](uint64_t, uint64_t) { throw Stop(); };
-    EXPECT_THROW(copier_.copy(source, path(u"b.wav"), stop), Stop);
+    const std::u16string source = writeLong(u"a.wav");
+    const auto stop = [](uint64_t) { throw Stop(); };
+    EXPECT_THROW(copier_.copy(source, path(u"b.wav"), {}, stop), Stop);
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
-TEST_F(FileCopierTest, ReportsOnTheCallingThreadUpToTheEnd) {
-    const std::u16string source = folder_.write(u"a.wav", randomBytes(30'000'000));
+TEST_F(FileCopierTest, ReportsOnTheCallingThreadHowFarItIs) {
+    const std::u16string source = writeLong(u"a.wav");
     const DWORD caller = GetCurrentThreadId();
     uint64_t last = 0;
-    copier_.copy(source, path(u"b.wav"), [&](uint64_t done, uint64_t total) {
+    int reports = 0;
+    copier_.copy(source, path(u"b.wav"), {}, [&](uint64_t done) {
         EXPECT_EQ(GetCurrentThreadId(), caller);
-        EXPECT_EQ(total, 30'000'000U);
         EXPECT_GE(done, last);
+        EXPECT_LE(done, kLong);
         last = done;
+        ++reports;
     });
-    EXPECT_EQ(last, 30'000'000U);
+    EXPECT_GT(reports, 0);
+}
+
+TEST_F(FileCopierTest, ReadsTheNextFileAhead) {
+    const std::u16string first = folder_.write(u"a.mp3", "first");
+    const std::u16string second = folder_.write(u"b.mp3", "second");
+    copy(first, path(u"x.mp3"), second);
+    EXPECT_EQ(testing_win32::content(path(u"x.mp3")), "first");
+    const auto isAhead = [&] {
+        for (const std::u16string& name : names()) {
+            if (name.starts_with(u"~") && testing_win32::content(path(name)) == "second")
+                return true;
+        }
+        return false;
+    };
+    const ULONGLONG deadline = GetTickCount64() + 60'000;
+    while (!isAhead()) {
+        ASSERT_LT(GetTickCount64(), deadline) << "nothing is read ahead";
+        Sleep(1);
+    }
+    // What is ahead needs its source no more.
+    ASSERT_TRUE(DeleteFileW(extendedPath(second).c_str()));
+    copy(second, path(u"y.mp3"));
+    EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "second");
+    EXPECT_EQ(names(), (Names{u"a.mp3", u"x.mp3", u"y.mp3"}));
+}
+
+TEST_F(FileCopierTest, ReadsARowOfFilesAhead) {
+    constexpr int files = 50;
+    std::vector<std::u16string> sources;
+    for (int number = 0; number < files; ++number)
+        sources.push_back(
+            folder_.write(base::strNumber(number) + u".mid", randomBytes(size_t{1000} + number)));
+    sources.emplace_back();
+    const std::u16string target = folder_.folder(u"Cible");
+    for (size_t index = 0; index + 1 < sources.size(); ++index) {
+        copy(sources[index], target + sources[index].substr(sources[index].rfind(u'\\')),
+             sources[index + 1]);
+    }
+    ASSERT_EQ(testing_win32::names(target).size(), size_t{files});
+    for (int number = 0; number < files; ++number) {
+        EXPECT_EQ(testing_win32::content(target + u"\\" + base::strNumber(number) + u".mid"),
+                  randomBytes(size_t{1000} + number));
+    }
+}
+
+TEST_F(FileCopierTest, WhatWasReadAheadInVainGoes) {
+    const std::u16string first = folder_.write(u"a.mp3", "first");
+    const std::u16string second = folder_.write(u"b.mp3", "second");
+    const std::u16string third = folder_.write(u"c.mp3", "third");
+    copy(first, path(u"x.mp3"), second);
+    copy(third, path(u"y.mp3"), second);
+    EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "third");
+    copier_.endCopies();
+    EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"c.mp3", u"x.mp3", u"y.mp3"}));
+}
+
+TEST_F(FileCopierTest, WhatWasReadAheadForOneFolderDoesNotGoToAnother) {
+    const std::u16string first = folder_.write(u"a.mp3", "first");
+    const std::u16string second = folder_.write(u"b.mp3", "second");
+    const std::u16string other = folder_.folder(u"Autre");
+    copy(first, path(u"x.mp3"), second);
+    copy(second, other + u"\\y.mp3");
+    EXPECT_EQ(testing_win32::content(other + u"\\y.mp3"), "second");
+    EXPECT_EQ(names(), (Names{u"Autre", u"a.mp3", u"b.mp3", u"x.mp3"}));
+}
+
+TEST_F(FileCopierTest, WhatFailedAheadMaySucceedInItsTurn) {
+    const std::u16string first = folder_.write(u"a.mp3", "first");
+    copy(first, path(u"x.mp3"), path(u"b.mp3"));
+    const std::u16string second = folder_.write(u"b.mp3", "second");
+    copy(second, path(u"y.mp3"));
+    EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "second");
+    copy(first, path(u"z.mp3"), path(u"missing.mp3"));
+    EXPECT_EQ(numberOf([&] { copy(path(u"missing.mp3"), path(u"w.mp3")); }),
+              ErrorNumber::FileNotFound);
+    EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3", u"z.mp3"}));
 }
 
 TEST_F(FileCopierTest, CopiesReadOnlyFiles) {
@@ -124,11 +214,17 @@ TEST_F(FileCopierTest, CopiesReadOnlyFiles) {
 
 TEST_F(FileCopierTest, CopiesOverWhatAKilledProgramLeft) {
     const std::u16string number = base::trim(base::strNumber(GetCurrentProcessId()));
-    const std::u16string left = folder_.write(u"~Brivantole" + number + u".tmp", "half a file");
-    SetFileAttributesW(extendedPath(left).c_str(), FILE_ATTRIBUTE_READONLY);
-    copy(folder_.write(u"a.mp3", "new"), path(u"b.mp3"));
-    EXPECT_EQ(testing_win32::content(path(u"b.mp3")), "new");
-    EXPECT_EQ(filesInFolder(), 2U);
+    for (const char16_t* end : {u".tmp", u"-1.tmp"}) {
+        const std::u16string left = folder_.write(u"~Brivantole" + number + end, "half a file");
+        SetFileAttributesW(extendedPath(left).c_str(), FILE_ATTRIBUTE_READONLY);
+    }
+    const std::u16string first = folder_.write(u"a.mp3", "new");
+    const std::u16string second = folder_.write(u"b.mp3", "newer");
+    copy(first, path(u"x.mp3"), second);
+    copy(second, path(u"y.mp3"));
+    EXPECT_EQ(testing_win32::content(path(u"x.mp3")), "new");
+    EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "newer");
+    EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3"}));
 }
 
 TEST_F(FileCopierTest, WorksBeyondTheShortPathLimit) {
@@ -155,6 +251,32 @@ TEST_F(FileCopierTest, OpensOnlyWhatIsThere) {
     EXPECT_FALSE(copier_.opens(path(u"X\\a.mp3")));
     EXPECT_FALSE(copier_.opens(path(u"a?.mp3")));
     EXPECT_FALSE(copier_.opens(u""));
+}
+
+TEST_F(FileCopierTest, SeesWhatItHasCopiedItself) {
+    const std::u16string source = folder_.write(u"a.mp3", "content");
+    EXPECT_FALSE(copier_.opens(path(u"Été.mp3")));
+    copy(source, path(u"Été.mp3"));
+    EXPECT_TRUE(copier_.opens(path(u"Été.mp3")));
+    EXPECT_TRUE(copier_.opens(path(u"ÉTÉ.MP3")));
+    EXPECT_TRUE(copier_.opens(source));
+}
+
+TEST_F(FileCopierTest, LeavesAloneWhatOthersHaveMadeMeanwhile) {
+    const std::u16string source = folder_.write(u"a.mp3", "new");
+    EXPECT_FALSE(copier_.opens(path(u"b.mp3")));
+    const std::u16string target = folder_.write(u"b.mp3", "old");
+    EXPECT_EQ(numberOf([&] { copy(source, target); }), ErrorNumber::FileAlreadyExists);
+    EXPECT_EQ(testing_win32::content(target), "old");
+    copier_.endCopies();
+    EXPECT_TRUE(copier_.opens(target));
+}
+
+TEST_F(FileCopierTest, DoesNotTakeAFileThatIsGoneForThere) {
+    const std::u16string gone = folder_.write(u"b.mp3", "old");
+    EXPECT_TRUE(copier_.opens(gone));
+    ASSERT_TRUE(DeleteFileW(extendedPath(gone).c_str()));
+    EXPECT_FALSE(copier_.opens(gone));
 }
 
 }  // namespace
