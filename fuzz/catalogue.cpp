@@ -2,14 +2,13 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 
 #include "base/error.h"
 #include "base/text.h"
 #include "jet/store.h"
 #include "jet/table.h"
 #include "jet/verifier.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace fuzz {
 
@@ -42,9 +41,9 @@ void change(jet::Store& store) {
 }  // namespace
 
 fakes::FileBytes catalogueOf(int count) {
-    std::ifstream shipped(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary);
+    const std::string shipped = fakes::shippedCatalogue();
     fakes::FaultyFileStore files;
-    files.put(kPath, {std::istreambuf_iterator<char>(shipped), {}});
+    files.put(kPath, {shipped.begin(), shipped.end()});
     {
         const auto store = jet::Store::open(files, kPath);
         jet::Table& table = store->table(kTable);

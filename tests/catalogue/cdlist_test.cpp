@@ -5,6 +5,7 @@
 #include "tests/catalogue/testcatalogue.h"
 #include "tests/fakes/faultyfilestore.h"
 #include "tests/fakes/memoryfilestore.h"
+#include "tests/fakes/projectfiles.h"
 #include "tests/fakes/scriptedmessages.h"
 
 namespace catalogue {
@@ -19,7 +20,7 @@ const std::u16string allTitles = u"*** TOUS LES TITRES ***";
 class CdList : public testing::Test {
   protected:
     CdList() {
-        files.add(testCatalogue, shippedCatalogue());
+        files.add(testCatalogue, fakes::shippedCatalogue());
         catalogue = OpenCatalogue(files, testFolder);
     }
     void addTracks(const jet::Value& cd, int count) { catalogue::addTracks(*catalogue, cd, count); }
@@ -127,7 +128,7 @@ TEST_F(CdList, DeletesACdWhoseNameHoldsQuotationMarks) {
 // Whatever write of the deletion fails, the CD is whole, the user is told, and a second attempt
 // succeeds.
 TEST(DeleteCd, KeepsEveryTrackWhenAWriteFails) {
-    const std::string shipped = shippedCatalogue();
+    const std::string shipped = fakes::shippedCatalogue();
     bool failed = true;
     uint64_t operation = 0;
     for (; failed; ++operation) {

@@ -10,6 +10,7 @@
 #include "tests/fakes/memoryfilecopier.h"
 #include "tests/fakes/memoryfilestore.h"
 #include "tests/fakes/memoryfilesystem.h"
+#include "tests/fakes/projectfiles.h"
 #include "tests/fakes/recordingprograms.h"
 #include "tests/fakes/scriptedmessages.h"
 
@@ -48,7 +49,7 @@ class MainTest : public testing::Test {
   protected:
     MainTest() {
         window_.session = &session_;
-        fileStore_.add(testCatalogue, shippedCatalogue());
+        fileStore_.add(testCatalogue, fakes::shippedCatalogue());
         files_.addFolder(u"C:\\Prog");
         Settings saved;
         ResetDefaultExtensions(saved);

@@ -1,13 +1,12 @@
 #include "catalogue/settingsfile.h"
 
-#include <fstream>
-#include <iterator>
 #include <random>
 
 #include "base/error.h"
 #include "gtest/gtest.h"
 #include "tests/fakes/fakedrives.h"
 #include "tests/fakes/memoryfilesystem.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace catalogue {
 namespace {
@@ -394,18 +393,17 @@ TEST_F(SettingsOnDisk, ThatCannotBeWrittenStayAsTheyWere) {
     EXPECT_EQ(files.content(u"C:\\Prog\\Brivantole.ini"), "old");
 }
 
-std::string shippedFile() {
-    std::ifstream file(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.ini", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+std::string shippedSettings() {
+    return fakes::bytesOf(fakes::projectPath("data/Brivantole.ini"));
 }
 
 TEST(ShippedSettings, AreExactlyAsWeWriteThem) {
-    const std::string bytes = shippedFile();
+    const std::string bytes = shippedSettings();
     EXPECT_EQ(formatSettings(parseSettings(bytes, codePage), codePage), bytes);
 }
 
 TEST(ShippedSettings, ShowAndCopyEveryDefaultExtension) {
-    const Settings shipped = parseSettings(shippedFile(), codePage);
+    const Settings shipped = parseSettings(shippedSettings(), codePage);
     Settings defaults;
     ResetDefaultExtensions(defaults);
     EXPECT_EQ(shipped.NbExtensions, defaults.NbExtensions);
@@ -417,7 +415,7 @@ TEST(ShippedSettings, ShowAndCopyEveryDefaultExtension) {
 }
 
 TEST(ShippedSettings, ChooseNoPlayerAndSortByName) {
-    const Settings shipped = parseSettings(shippedFile(), codePage);
+    const Settings shipped = parseSettings(shippedSettings(), codePage);
     EXPECT_EQ(shipped.NbPlayers, 0);
     EXPECT_EQ(shipped.CurrentPlayer, 0);
     EXPECT_EQ(shipped.CurrentPlayerName, u"Aucun");

@@ -4,6 +4,7 @@
 #include "gtest/gtest.h"
 #include "tests/catalogue/testcatalogue.h"
 #include "tests/fakes/memoryfilestore.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace catalogue {
 namespace {
@@ -34,7 +35,7 @@ std::string renamed(std::u16string_view from, std::u16string_view to) {
         }
         return bytes;
     };
-    std::string file = shippedCatalogue();
+    std::string file = fakes::shippedCatalogue();
     const std::string wanted = bytesOf(from);
     bool found = false;
     for (size_t at = file.find(wanted); at != std::string::npos; at = file.find(wanted, at + 1)) {
@@ -47,13 +48,13 @@ std::string renamed(std::u16string_view from, std::u16string_view to) {
 
 TEST(OpenCatalogue, OpensTheShippedOneUnchanged) {
     fakes::MemoryFileStore files;
-    files.add(testCatalogue, shippedCatalogue());
+    files.add(testCatalogue, fakes::shippedCatalogue());
     {
         const auto catalogue = OpenCatalogue(files, testFolder);
         EXPECT_EQ(catalogue->OpenRecordset(u"ListDonnees")->RecordCount(), 0u);
         EXPECT_FALSE(catalogue->readOnly());
     }
-    EXPECT_EQ(files.content(testCatalogue), shippedCatalogue());
+    EXPECT_EQ(files.content(testCatalogue), fakes::shippedCatalogue());
 }
 
 TEST(OpenCatalogue, NamesAFileThatIsMissing) {

@@ -1,8 +1,6 @@
-// The shipped catalogue in memory, with tracks that a test adds.
+// Where tests have the catalogue, and the tracks that they add to it.
 #pragma once
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "jet/database.h"
@@ -11,11 +9,6 @@ namespace catalogue {
 
 inline constexpr char16_t testFolder[] = u"C:\\Prog\\";
 inline constexpr char16_t testCatalogue[] = u"C:\\Prog\\Brivantole.mdb";
-
-inline std::string shippedCatalogue() {
-    std::ifstream file(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 // Adds `count` tracks of the CD named `cd`, which may be Null.
 inline void addTracks(jet::Database& catalogue, const jet::Value& cd, int count) {

@@ -3,8 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -13,6 +11,7 @@
 #include "base/text.h"
 #include "jet/database.h"
 #include "tests/fakes/memoryfilestore.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace jet {
 
@@ -29,9 +28,7 @@ struct Track {
 class CatalogFixture : public testing::Test {
   protected:
     void SetUp() override {
-        std::ifstream shipped(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary);
-        ASSERT_TRUE(shipped);
-        files_.add(kCatalogPath, std::string(std::istreambuf_iterator<char>(shipped), {}));
+        files_.add(kCatalogPath, fakes::shippedCatalogue());
         database_ = Database::OpenDatabase(files_, kCatalogPath, limits_);
     }
 

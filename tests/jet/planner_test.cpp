@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <random>
 #include <string>
 #include <vector>
@@ -12,6 +10,7 @@
 #include "jet/sqlparser.h"
 #include "jet/store.h"
 #include "tests/fakes/memoryfilestore.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace jet {
 namespace {
@@ -23,8 +22,7 @@ constexpr std::u16string_view kPath = u"C:\\Brivantole.mdb";
 class PlannerTest : public testing::TestWithParam<CacheLimits> {
   protected:
     void SetUp() override {
-        std::ifstream shipped(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary);
-        files_.add(kPath, std::string(std::istreambuf_iterator<char>(shipped), {}));
+        files_.add(kPath, fakes::shippedCatalogue());
         store_ = Store::open(files_, kPath);
         table_ = &store_->table(u"ListDonnees");
         store_->begin();

@@ -1,20 +1,18 @@
 #include "tests/jet/storefixture.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <variant>
 
 #include "base/text.h"
 #include "jet/verifier.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace jet {
 
 namespace {
 
-fakes::FileBytes readFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+fakes::FileBytes toBytes(const std::string& content) {
+    return {content.begin(), content.end()};
 }
 
 std::u16string numbered(std::u16string text, int number) {
@@ -34,11 +32,11 @@ std::string textOf(const Value& value) {
 }  // namespace
 
 fakes::FileBytes shippedFile() {
-    return readFile(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb");
+    return toBytes(fakes::shippedCatalogue());
 }
 
 fakes::FileBytes sampleFile(const std::string& name) {
-    return readFile(BRIVANTOLE_SOURCE_DIR "/../shared/data/samples/" + name);
+    return toBytes(fakes::bytesOf(fakes::projectPath("../shared/data/samples/" + name)));
 }
 
 Row makeRow(int number) {

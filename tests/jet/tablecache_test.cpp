@@ -2,12 +2,11 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
 #include <string>
 
 #include "jet/store.h"
 #include "tests/fakes/memoryfilestore.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace jet {
 namespace {
@@ -17,8 +16,7 @@ constexpr std::u16string_view kPath = u"C:\\Brivantole.mdb";
 class TableCacheTest : public testing::Test {
   protected:
     void SetUp() override {
-        std::ifstream shipped(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary);
-        files_.add(kPath, std::string(std::istreambuf_iterator<char>(shipped), {}));
+        files_.add(kPath, fakes::shippedCatalogue());
         store_ = Store::open(files_, kPath);
         table_ = &store_->table(u"ListDonnees");
         store_->begin();

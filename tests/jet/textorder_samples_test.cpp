@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -12,6 +10,7 @@
 #include "jet/table.h"
 #include "jet/textorder.h"
 #include "tests/fakes/memoryfilestore.h"
+#include "tests/fakes/projectfiles.h"
 #include "tests/jet/indexentries.h"
 
 namespace jet {
@@ -37,10 +36,6 @@ void PrintTo(const Sample& sample, std::ostream* stream) {
 
 class TextOrderSamples : public testing::TestWithParam<Sample> {
   protected:
-    static std::string pathOf(const Sample& sample) {
-        return std::string(BRIVANTOLE_SOURCE_DIR "/../shared/data/samples/") + sample.name;
-    }
-
     static bool isIndexable(const Column& column) {
         return column.isText() || column.type == ColumnType::Long;
     }
@@ -118,9 +113,9 @@ class TextOrderSamples : public testing::TestWithParam<Sample> {
 };
 
 TEST_P(TextOrderSamples, BuildsTheStoredKeys) {
-    std::ifstream stream(pathOf(GetParam()), std::ios::binary);
-    if (!stream) GTEST_SKIP() << "the sample files are not here";
-    const std::string bytes(std::istreambuf_iterator<char>(stream), {});
+    const std::string bytes = fakes::bytesOf(
+        fakes::projectPath(std::string("../shared/data/samples/") + GetParam().name));
+    if (bytes.empty()) GTEST_SKIP() << "the sample files are not here";
     const Bytes file(bytes.begin(), bytes.end());
     fakes::MemoryFileStore files;
     files.add(u"sample.mdb", bytes);

@@ -10,13 +10,14 @@
 #include "jet/database.h"
 #include "tests/catalogue/testcatalogue.h"
 #include "tests/fakes/memoryfilestore.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace mainwindow {
 
 class TrackFixture : public testing::Test {
   protected:
     TrackFixture() {
-        store_.add(catalogue::testCatalogue, catalogue::shippedCatalogue());
+        store_.add(catalogue::testCatalogue, fakes::shippedCatalogue());
         catalogue_ = jet::Database::OpenDatabase(store_, catalogue::testCatalogue);
     }
 

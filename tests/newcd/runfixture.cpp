@@ -6,6 +6,8 @@
 #include <iterator>
 #include <random>
 
+#include "tests/fakes/projectfiles.h"
+
 #ifdef _WIN32
 #include "platform/win32/filestore.h"
 #else
@@ -36,7 +38,7 @@ fs::path newFolder() {
 
 CatalogueCopy::CatalogueCopy() : folder_(newFolder()), file_(folder_ / "Brivantole.mdb") {
     std::ofstream copy(file_, std::ios::binary);
-    copy << std::ifstream(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb", std::ios::binary).rdbuf();
+    copy << fakes::shippedCatalogue();
     copy.close();
     store_ = systemStore();
     database_ = jet::Database::OpenDatabase(*store_, file_.u16string());

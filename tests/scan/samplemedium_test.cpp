@@ -4,10 +4,10 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <map>
 
 #include "base/text.h"
+#include "tests/fakes/projectfiles.h"
 #include "tests/scan/scanfixture.h"
 
 namespace {
@@ -17,16 +17,13 @@ namespace fs = std::filesystem;
 class SampleMedium : public scan::ScanFixture {
   protected:
     void SetUp() override {
-        const fs::path medium = BRIVANTOLE_SOURCE_DIR "/build/sample-medium";
+        const fs::path medium = fakes::projectPath("build/sample-medium");
         if (!fs::is_directory(medium)) GTEST_SKIP() << "no sample medium";
         for (const fs::directory_entry& entry : fs::recursive_directory_iterator(medium)) {
             if (!entry.is_regular_file()) continue;
             std::u16string path = entry.path().lexically_relative(medium).generic_u16string();
             std::replace(path.begin(), path.end(), u'/', u'\\');
-            std::string content(entry.file_size(), '\0');
-            std::ifstream(entry.path(), std::ios::binary)
-                .read(content.data(), static_cast<std::streamsize>(content.size()));
-            files_.addFile(u"D:\\" + path, std::move(content));
+            files_.addFile(u"D:\\" + path, fakes::bytesOf(entry.path()));
         }
         ASSERT_EQ(ScanDriveIntoCatalogue(tools(), settings_, state_, view_),
                   scan::ScanResult::Done);

@@ -13,6 +13,7 @@
 #include "tests/fakes/fakedrives.h"
 #include "tests/fakes/faultyfilestore.h"
 #include "tests/fakes/memoryfilesystem.h"
+#include "tests/fakes/projectfiles.h"
 #include "tests/fakes/recordingscanview.h"
 #include "tests/fakes/scriptedmessages.h"
 
@@ -39,7 +40,7 @@ class ScanFixture : public testing::Test {
         files_.addFolder(u"D:\\");
         drives_.add(u'C', platform::DriveType::Fixed);
         drives_.add(u'D', platform::DriveType::CdRom);
-        const std::string shipped = catalogue::shippedCatalogue();
+        const std::string shipped = fakes::shippedCatalogue();
         store_.put(catalogue::testCatalogue, {shipped.begin(), shipped.end()});
         catalogue_ = jet::Database::OpenDatabase(store_, catalogue::testCatalogue);
     }

@@ -17,6 +17,7 @@
 #include "jet/store.h"
 #include "jet/table.h"
 #include "jet/verifier.h"
+#include "tests/fakes/projectfiles.h"
 
 namespace platform::posix {
 
@@ -67,7 +68,7 @@ class PosixFileStoreTest : public testing::Test {
         std::string name = (std::filesystem::temp_directory_path() / "brivantole.XXXXXX").string();
         ASSERT_NE(::mkdtemp(name.data()), nullptr);
         folder_ = name;
-        std::filesystem::copy_file(BRIVANTOLE_SOURCE_DIR "/data/Brivantole.mdb",
+        std::filesystem::copy_file(fakes::projectPath("data/Brivantole.mdb"),
                                    folder_ / "Brivantole.mdb");
         path_ = base::fromUtf8((folder_ / "Brivantole.mdb").string());
     }
