@@ -66,6 +66,17 @@ constexpr std::array<std::pair<Control, std::u16string_view>, 4> kSigns = {{
     {Control::CommandExtPlus, u"Types de fichiers suivants"},
 }};
 
+// What a click does where the text does not say so.
+constexpr std::u16string_view kDriveHint = u"Choisir le lecteur de CD ROM";
+constexpr std::array<std::pair<Control, std::u16string_view>, 4> kHints = {{
+    {Control::CheckAutoRefresh, u"Actualiser la liste des morceaux dès qu’un filtre change"},
+    {Control::LabelLecteur, u"Choisir le lecteur audio"},
+    {Control::Label2, kDriveHint},
+    {Control::Image1, kDriveHint},
+}};
+constexpr std::u16string_view kDrivePictureName = u"Lecteur de CD ROM";
+constexpr std::u16string_view kSplitterName = u"Séparation des deux listes";
+
 constexpr std::array kFirstRow = {Control::Check1,  Control::Check3,  Control::Option1,
                                   Control::Option2, Control::Option3, Control::Label1};
 
@@ -108,8 +119,10 @@ void FrmMP3Arrange::nameControls() {
         ui::setAccessibleName(control(which), text);
         tips_.set(control(which), text);
     }
-    tips_.set(control(Control::CheckAutoRefresh),
-              u"Actualiser la liste des morceaux dès qu’un filtre change");
+    for (const auto& [which, text] : kHints)
+        tips_.set(control(which), text);
+    ui::setAccessibleName(control(Control::Image1), kDrivePictureName);
+    ui::setAccessibleName(control(Control::LabelReglage), kSplitterName);
 }
 
 HWND FrmMP3Arrange::control(HWND window, Control which) {

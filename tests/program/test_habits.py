@@ -58,6 +58,62 @@ def test_shortcuts_do_what_the_menu_says(program):
     saving.wait_gone()
 
 
+def test_arrow_keys_choose_in_both_lists(program):
+    main = program.open()
+    add_cd(main, "Rock 1")
+    main.List1.wait(lambda: main.List1.focused, "to have the focus")
+    main.key("Up")
+    wait_for(lambda: main.List1.choice == ALL, "the row above")
+    main.key("Down")
+    wait_for(lambda: main.List1.choice == "Rock 1" and main.DBList2.count > 3, "the row below")
+    main.key("Tab")
+    main.DBList2.wait(lambda: main.DBList2.focused, "to have the focus")
+    assert main.DBList2.selected == []
+    for key, row in (("Down", 0), ("Down", 1), ("End", main.DBList2.count - 1), ("Home", 0)):
+        main.key(key)
+        wait_for(lambda r=row: main.DBList2.selected == [r], f"row {row} after {key}")
+
+
+def test_delete_in_the_list_of_media_asks_and_deletes(program):
+    main = program.open()
+    add_cd(main, "Rock 1")
+    main.DBList2.click_row(0)
+    main.key("Delete")
+    main.key("ctrl+f")
+    main.TextRech.wait(lambda: main.TextRech.focused, "to have the focus")
+    main.key("Delete")
+    choose_cd(main, "Rock 1")
+    assert len(program.windows()) == 1, "nothing is deleted from elsewhere"
+    for answer, left in (("Non", [ALL, "Rock 1"]), ("Oui", [ALL])):
+        main.key("Delete")
+        question = program.message()
+        assert "Rock 1" in question.text
+        question.answer(answer)
+        wait_for(lambda rows=left: main.List1.items() == rows, f"the list after {answer}")
+        program.form("FrmMP3")
+    main.key("Delete")
+    main.key("ctrl+c")
+    assert len(program.windows()) == 1, "nothing is chosen any more"
+
+
+def test_enter_in_the_search_box_and_f5_refresh(program):
+    main = program.open()
+    add_cd(main, "Rock 1")
+    all_tracks = main.DBList2.count
+    main.CheckAutoRefresh.click()
+    main.key("ctrl+f")
+    main.TextRech.wait(lambda: main.TextRech.focused, "to have the focus")
+    program.desktop.type("hello")
+    main.TextRech.wait(lambda: main.TextRech.text == "hello", "to hold the text")
+    assert main.DBList2.count == all_tracks
+    main.key("Return")
+    wait_for(lambda: main.DBList2.count == 1, "the track that was searched for")
+    assert main.TextRech.focused
+    # Ctrl+F chooses the old text, for the next one to replace it.
+    main.key("ctrl+f", "BackSpace", "F5")
+    wait_for(lambda: main.DBList2.count == all_tracks, "all tracks")
+
+
 def test_alt_and_a_letter_open_a_menu(program):
     main = program.open()
     main.List1.wait(lambda: main.List1.focused, "to have the focus")

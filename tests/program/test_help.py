@@ -154,7 +154,8 @@ def test_the_about_box_names_the_program(program):
         main.choose("Aide", "A propos de")
         box = program.form("FrmApropos")
         assert box.title == "A propos de..."
-        assert box.LabelApropos0.text == "Brivantole Audio v1.2"
+        assert box.LabelApropos0.text == main.title == "Brivantole Audio v1.2"
+        assert box.LabelApropos2.text == "© Brivantole Audio, 2026"
         assert is_centred_over(box, main)
         assert not main.state["enabled"]
         picture = program.desktop.colours(box.Picture1.rect)

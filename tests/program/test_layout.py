@@ -4,6 +4,7 @@ import pytest
 from harness import settings
 from harness.desktop import Desktop
 from harness.form import centre
+from harness.names import control_ids
 from harness.program import Program
 from harness.steps import ALL
 from harness.waiting import wait_for
@@ -27,6 +28,15 @@ def test_the_window_has_a_smallest_size(program):
     main = program.open()
     main.resize(400, 300)
     becomes(main, 600, 460)
+
+
+@pytest.mark.parametrize("height, compact", [(533, True), (534, False)])
+def test_the_buttons_are_compact_below_8000_twips(program, height, compact):
+    settings.change(program.settings, WinHeight=height * 15)
+    main = program.open()
+    assert main.size[1] == height
+    assert [main.control(name).height for name in BUTTONS] == (
+        [45] * 5 if compact else list(NORMAL_HEIGHTS))
 
 
 def test_a_low_window_has_compact_buttons(program):
@@ -67,12 +77,51 @@ def all_inside_and_apart(main):
         assert main.control(name).rect[1] >= main.DBList2.rect[3]
 
 
+FIRST_ROW = ("Check1", "Check3", "Option1", "Option2", "Option3", "Label1")
+STACK = ("Command1", "ComNouveau", "comcopier", "comsave", "Comaide")
+
+
+def follows_the_rules(main):
+    """The distances between controls and window, in pixels at 96 dots per inch."""
+    nodes = main.children()
+    numbers = control_ids()["FrmMP3"]
+
+    def rect(name):
+        return next(node["rect"] for node in nodes if node["id"] == numbers[name])
+    left, top, right, bottom = main.client
+    cds, tracks = rect("List1"), rect("DBList2")
+    column = rect("Comaide")
+    assert tracks[3] - tracks[1] == cds[3] - cds[1] == bottom - top - 130
+    assert (tracks[1], tracks[3]) == (cds[1], cds[3])
+    assert column[0] == left + 16 and cds[0] == column[2] + 16
+    assert tracks[0] == cds[2] + 16 and tracks[2] == right - 16
+    assert rect("LabelReglage") == [cds[2], cds[1], tracks[0], cds[3]]
+    for heading, below in (("Label4", cds), ("Label5", tracks)):
+        assert (rect(heading)[0], rect(heading)[2]) == (below[0], below[2])
+    for above, below in zip(STACK, STACK[1:]):
+        assert rect(above)[3] < rect(below)[1] and rect(above)[0] == rect(below)[0]
+    assert rect("Image1")[0] == rect("Label2")[0] == column[0]
+    assert rect("Label2")[1] == tracks[3] + 43
+    row = [rect(name) for name in FIRST_ROW]
+    assert {place[1] for place in row} == {tracks[3] + 14}
+    assert [place[2] for place in row[:-1]] == [place[0] for place in row[1:]]
+    assert row[-1][2] == right - 16
+    assert (rect("TextRech")[0], rect("TextRech")[2]) == (rect("Label3")[2] + 10, tracks[2])
+    players = [rect(name) for name in
+               ("LabelLecteur", "CommandLecteurMoins", "CommandLecteurPlus", "Label3")]
+    assert all(one[2] <= other[0] for one, other in zip(players, players[1:]))
+    boxes = [rect(name) for name in
+             ("CommandExtMoins", *(f"CheckFormat{k}" for k in range(10)), "CommandExtPlus")]
+    assert all(one[2] <= other[0] for one, other in zip(boxes, boxes[1:]))
+
+
 @pytest.mark.parametrize("size", [(600, 460), (800, 640), (1000, 760)])
 def test_every_control_lies_inside_and_none_on_another(program, size):
     main = program.open()
     main.resize(*size)
     becomes(main, *size)
     all_inside_and_apart(main)
+    follows_the_rules(main)
 
 
 # Every size on the way of a drag rounds the left list's width down to whole pixels.
@@ -101,21 +150,55 @@ def test_a_window_dragged_to_nothing_and_back_keeps_the_proportion_too(program):
              "the lists in their proportion")
 
 
-def drag_splitter(main, distance):
+def drag_splitter(main, distance, button=1):
     x, y = centre(main.LabelReglage.rect)
-    main.desktop.drag((x, y), (x + distance, y))
+    main.desktop.drag((x, y), (x + distance, y), button)
 
 
-def test_the_splitter_moves_width_from_one_list_to_the_other(program):
+@pytest.mark.parametrize("button", [1, 3], ids=["left", "right"])
+def test_the_splitter_moves_width_from_one_list_to_the_other(program, button):
     main = program.open()
     left, right = main.List1.width, main.DBList2.width
-    drag_splitter(main, 40)
+    drag_splitter(main, 40, button)
     wait_for(lambda: main.List1.width == left + 40, "a wider list of media")
     assert main.DBList2.width == right - 40
     assert main.Label5.rect[0] == main.DBList2.rect[0]
     assert main.Label4.width == main.List1.width
     program.quit()
     assert settings.read(program.settings)["List1Width"] == left + 40
+
+
+def test_the_pointer_on_the_splitter_shows_what_it_can_do(program):
+    main = program.open()
+    cursors = main.cursors()
+    for name, cursor in (("LabelReglage", "west-east"), ("DBList2", "arrow")):
+        main.desktop.move(*centre(main.control(name).rect))
+        wait_for(lambda c=cursors[cursor]: main.desktop.cursor() == c, f"{cursor} over {name}")
+
+
+def test_everything_is_seen_to_follow_the_splitter_while_it_is_held(program):
+    settings.change(program.settings, BackColor=0xC0F0FF)
+    main = program.open()
+    background = (255, 240, 192)
+    x, y = centre(main.LabelReglage.rect)
+
+    def bar():
+        return main.desktop.pixels(main.LabelReglage.rect)
+
+    def heading():
+        left, top, _, bottom = main.Label5.rect
+        return main.desktop.pixels((left, top, left + 60, bottom))
+    wait_for(lambda: background in main.desktop.colours(main.DBList2.rect), "the lists")
+    main.desktop.move(1, 990)
+    before = bar(), heading()
+    main.desktop.press(x, y)
+    for distance in (60, -60):
+        main.desktop.move(x + distance, y)
+        near, far = sorted((x + distance // 3, x + distance * 2 // 3))
+        wait_for(lambda n=near, f=far: main.desktop.colours((n, y - 5, f, y + 5))
+                 == {background: 1.0}, "a list where the bar was")
+        wait_for(lambda: (bar(), heading()) == before, "the bar and the heading in their new places")
+    main.desktop.release()
 
 
 def push_splitter(main, step, least_left=80, least_right=120):
@@ -205,6 +288,7 @@ def is_usable(program, main, screen=(1280, 1000)):
 def test_a_window_closed_while_minimised_comes_up_to_be_seen(program):
     main = program.open()
     size = main.size
+    lists = main.List1.width, main.DBList2.width
     main.minimize()
     # As the task bar does: the window itself cannot be reached.
     program.desktop.wine("taskkill", "/im", "Brivantole.exe")
@@ -212,6 +296,7 @@ def test_a_window_closed_while_minimised_comes_up_to_be_seen(program):
     saved = settings.read(program.settings)
     assert saved["WinState"] == 1
     assert (saved["WinWidth"], saved["WinHeight"]) == (size[0] * 15, size[1] * 15)
+    assert (saved["List1Width"], saved["DBList2Width"]) == lists
     again = program.open()
     is_usable(program, again)
     assert again.size == size

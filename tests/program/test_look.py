@@ -144,9 +144,13 @@ def open_copy_selection(main):
 
 
 def test_the_lists_of_the_new_cd_tools_have_the_same_look(program):
-    set_look(program, "Liberation Sans", 0, 0, 20, 0, 0xC0F0FF)
+    """Chosen before their windows were ever opened."""
     main = program.open()
     add_cd(main, "Mon CD")
+    small = main.DBList2.item_height()
+    choose_font(main, "Liberation Sans", 20)
+    wait_for(lambda: main.DBList2.item_height() > small * 1.5, "larger rows")
+    choose_colour(main, BACK_COLOUR, (255, 240, 192))
     choose_colour(main, TEXT_COLOUR, (0, 96, 32))
     height = main.DBList2.item_height()
     results = open_search_results(main)

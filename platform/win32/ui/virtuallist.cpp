@@ -24,8 +24,12 @@ VirtualList::~VirtualList() {
 LRESULT CALLBACK VirtualList::procedure(HWND list, UINT message, WPARAM wParam, LPARAM lParam,
                                         UINT_PTR id, DWORD_PTR data) {
     auto* self = reinterpret_cast<VirtualList*>(data);
+    if (message == WM_KEYDOWN && (wParam == VK_UP || wParam == VK_DOWN) && self->chooseMarked())
+        return 0;
+    if (message == WM_KEYDOWN && wParam == VK_SPACE) self->chooseMarked();
     const LRESULT answer = DefSubclassProc(list, message, wParam, lParam);
     if (message == WM_SIZE) self->stretchColumn();
+    if (message == WM_SETFOCUS) self->markForKeyboard();
     if (message == WM_NCDESTROY) {
         RemoveWindowSubclass(list, procedure, id);
         self->list_ = nullptr;
@@ -47,12 +51,28 @@ void VirtualList::setCount(size_t count) {
     // The scroll bar may have come or gone, and the column's width with it.
     stretchColumn();
     redraw();
+    markForKeyboard();
 }
 
 void VirtualList::growTo(size_t count) {
     ListView_SetItemCountEx(list_, static_cast<int>(count),
                             LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
     stretchColumn();
+    markForKeyboard();
+}
+
+void VirtualList::markForKeyboard() {
+    if (GetFocus() != list_ || ListView_GetNextItem(list_, -1, LVNI_FOCUSED) >= 0) return;
+    if (ListView_GetItemCount(list_) == 0) return;
+    ListView_SetItemState(list_, ListView_GetTopIndex(list_), LVIS_FOCUSED, LVIS_FOCUSED);
+}
+
+bool VirtualList::chooseMarked() {
+    const int marked = ListView_GetNextItem(list_, -1, LVNI_FOCUSED);
+    if (marked < 0 || selected()) return false;
+    ListView_SetItemState(list_, marked, LVIS_SELECTED, LVIS_SELECTED);
+    ListView_EnsureVisible(list_, marked, FALSE);
+    return true;
 }
 
 void VirtualList::stretchColumn() {

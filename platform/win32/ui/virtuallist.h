@@ -48,6 +48,11 @@ class VirtualList {
     static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
     // Makes the column as wide as the list.
     void stretchColumn();
+    // Lets the keyboard's mark be seen: while the list has the focus, a row bears it even when none
+    // is chosen yet.
+    void markForKeyboard();
+    // Chooses the row that bears the mark when none is chosen; false when there is nothing to do.
+    bool chooseMarked();
 
     HWND list_;
     RowText rowText_;

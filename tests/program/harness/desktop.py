@@ -13,6 +13,7 @@ from .waiting import wait_for
 CD_ROM, FIXED = 5, 3  # the system's numbers for types of drives
 _BOUND = [] if os.geteuid() != 0 else [
     "setpriv", "--bounding-set", "-dac_override,-dac_read_search"]
+_ACCESSIBILITY_SERVICE = "{b5f8350b-0548-48b1-a6ee-88bd00b4a5e7}"
 _TYPE_NAMES = {CD_ROM: "cdrom", FIXED: "hd"}
 
 
@@ -76,6 +77,13 @@ class Desktop:
 
     def registry(self, key, name, value, kind="REG_SZ"):
         self.wine("reg", "add", key, "/v", name, "/t", kind, "/d", str(value), "/f")
+
+    def keep_accessible_names(self):
+        """Lets programs that are started from now on find an accessibility service that keeps the
+        names of controls, as Windows' own does and Wine's does not."""
+        library = "Z:" + str(PROBE.parent / "probeaccessible.dll").replace("/", "\\")
+        self.wine("reg", "add", f"HKCR\\CLSID\\{_ACCESSIBILITY_SERVICE}\\InprocServer32", "/ve",
+                  "/t", "REG_SZ", "/d", library, "/f")
 
     def set_medium(self, letter, folder):
         """Puts a folder in a drive; None takes it out."""
@@ -160,19 +168,28 @@ class Desktop:
                              env=self.environment, capture_output=True, text=True)
         return run.stdout.rstrip("\n") if run.returncode == 0 else None
 
+    def cursor(self):
+        """The handle of the cursor that the pointer shows; Window.cursors tells names."""
+        return self.probe.ask("cursor")
+
     def screenshot(self, path):
         path.parent.mkdir(parents=True, exist_ok=True)
         subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=False)
         return path
 
-    def colours(self, rect):
-        """The colours that a part of the screen shows, (red, green, blue) to its share of it."""
+    def pixels(self, rect):
+        """A part of the screen: its rows from the top, each three bytes to a pixel."""
         left, top, right, bottom = rect
         run = subprocess.run(
             ["import", "-window", "root", "-crop",
              f"{right - left}x{bottom - top}+{left}+{top}", "-depth", "8", "rgb:-"],
             env=self.environment, check=True, capture_output=True)
-        pixels = list(zip(*[iter(run.stdout)] * 3))
+        width = len(run.stdout) // (bottom - top)
+        return [run.stdout[start:start + width] for start in range(0, len(run.stdout), width)]
+
+    def colours(self, rect):
+        """The colours that a part of the screen shows, (red, green, blue) to its share of it."""
+        pixels = [pixel for row in self.pixels(rect) for pixel in zip(*[iter(row)] * 3)]
         return {colour: count / len(pixels)
                 for colour, count in collections.Counter(pixels).items()}
 

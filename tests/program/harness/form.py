@@ -3,6 +3,10 @@ from .names import control_ids
 from .waiting import ProbeError, wait_for
 
 
+# Classes of controls whose name is the label before them.
+NAMED_BY_LABEL = ("Edit", "ListBox", "ComboBox", "SysListView32", "msctls_progress32")
+
+
 def centre(rect):
     left, top, right, bottom = rect
     return (left + right) // 2, (top + bottom) // 2
@@ -75,6 +79,19 @@ class Window:
         left, top, right, bottom = self.rect
         return right - left, bottom - top
 
+    @property
+    def client(self):
+        """The inside of the frame, on the screen."""
+        return self.state["client"]
+
+    def cursors(self):
+        """The program's handles of the system's cursors, by name; Desktop.cursor gives one."""
+        return self.desktop.probe.ask("cursors", self.handle)
+
+    def change_dpi(self, dpi, rect):
+        """Moves the window to this place on a screen of another resolution."""
+        assert self.desktop.probe.ask("dpi", self.handle, dpi, *rect)
+
     def wait_gone(self):
         wait_for(lambda: not self.exists, f"the end of {self.name}")
 
@@ -113,6 +130,19 @@ class Form(Window):
 
     def key(self, *names):
         self.desktop.keys(*names)
+
+    def spoken_names(self):
+        """What a screen reader says of each visible control, by the control's name; of a window that
+        was opened on a desktop that keeps such names."""
+        names = {number: name for name, number in control_ids()[self.name].items()}
+        nodes = {child["handle"]: child for child in self.children() if child["visible"]}
+        spoken = {}
+        for entry in self.desktop.probe.ask("accessible", self.handle):
+            node = nodes.get(entry["handle"])
+            if node is not None and node["id"] in names:
+                by_label = node["class"] in NAMED_BY_LABEL and entry["label"]
+                spoken[names[node["id"]]] = entry["given"] or plain(by_label or entry["name"])
+        return spoken
 
 
 class Control:

@@ -1,8 +1,10 @@
-// Runs inside the observed process: tells what its menus hold.
+// Runs inside the observed process: tells what only that process can know.
 #include "tests/program/probe/hook.h"
 
 #include <windows.h>
 
+#include <array>
+#include <cstddef>
 #include <cstring>
 #include <string>
 
@@ -46,15 +48,59 @@ void addMenu(Json& json, HWND window, HMENU menu, bool isBar) {
     }
 }
 
-void tellMenu(HWND window) {
-    Json json;
+void tellMenu(Json& json, HWND window) {
     json.beginArray();
     if (const HMENU menu = GetMenu(window)) addMenu(json, window, menu, true);
     json.endArray();
-    const HANDLE mapping = OpenFileMappingW(FILE_MAP_WRITE, FALSE, probe::kMenuMemory);
+}
+
+void tellCursors(Json& json) {
+    const auto handle = [](LPCWSTR name) {
+        return static_cast<int64_t>(reinterpret_cast<intptr_t>(LoadCursorW(nullptr, name)));
+    };
+    json.beginObject()
+        .member("arrow", handle(IDC_ARROW))
+        .member("text", handle(IDC_IBEAM))
+        .member("wait", handle(IDC_WAIT))
+        .member("west-east", handle(IDC_SIZEWE))
+        .endObject();
+}
+
+// Puts "mov eax, dpi; ret" in the place of the function that tells a window's resolution.
+void setDpi(Json& json, DWORD dpi) {
+    const HMODULE user32 = GetModuleHandleW(L"user32.dll");
+    void* const place = reinterpret_cast<void*>(GetProcAddress(user32, "GetDpiForWindow"));
+    std::array<std::byte, 6> code = {std::byte{0xB8}};
+    std::memcpy(&code[1], &dpi, sizeof dpi);
+    code.back() = std::byte{0xC3};
+    DWORD protection = 0;
+    const bool writable =
+        place && VirtualProtect(place, code.size(), PAGE_EXECUTE_READWRITE, &protection);
+    if (writable) {
+        std::memcpy(place, code.data(), code.size());
+        VirtualProtect(place, code.size(), protection, &protection);
+        FlushInstructionCache(GetCurrentProcess(), place, code.size());
+    }
+    json.boolean(writable);
+}
+
+void answer(const CWPSTRUCT& call) {
+    Json json;
+    switch (static_cast<probe::Question>(call.wParam)) {
+        case probe::Question::Menu:
+            tellMenu(json, call.hwnd);
+            break;
+        case probe::Question::Cursors:
+            tellCursors(json);
+            break;
+        case probe::Question::Dpi:
+            setDpi(json, static_cast<DWORD>(call.lParam));
+            break;
+    }
+    const HANDLE mapping = OpenFileMappingW(FILE_MAP_WRITE, FALSE, probe::kAnswerMemory);
     if (mapping == nullptr) return;
     if (void* const memory = MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, 0)) {
-        if (json.str().size() < probe::kMenuMemorySize) {
+        if (json.str().size() < probe::kAnswerMemorySize) {
             std::memcpy(memory, json.str().c_str(), json.str().size() + 1);
         }
         UnmapViewOfFile(memory);
@@ -66,10 +112,10 @@ void tellMenu(HWND window) {
 
 extern "C" __declspec(dllexport) LRESULT CALLBACK
     probeHook(int code, WPARAM wparam, LPARAM lparam) {
-    static const UINT menuMessage = RegisterWindowMessageW(probe::kMenuMessage);
+    static const UINT questionMessage = RegisterWindowMessageW(probe::kQuestionMessage);
     if (code == HC_ACTION) {
         const auto* call = reinterpret_cast<const CWPSTRUCT*>(lparam);
-        if (call->message == menuMessage) tellMenu(call->hwnd);
+        if (call->message == questionMessage) answer(*call);
     }
     return CallNextHookEx(nullptr, code, wparam, lparam);
 }

@@ -1,12 +1,22 @@
 // What the probe and the library that it takes into another process agree on.
 #pragma once
 
+#include <windows.h>
+
 namespace probe {
 
-// Registered message: the receiving window's menu is written to the shared memory of kMenuMemory.
-inline constexpr wchar_t kMenuMessage[] = L"BrivantoleProbeMenu";
-// A NUL-terminated JSON text: the window's menu bar as an array of items.
-inline constexpr wchar_t kMenuMemory[] = L"BrivantoleProbeMenuText";
-inline constexpr unsigned kMenuMemorySize = 1 << 18;
+// Registered message: the answer to the question in its first parameter is written to the shared
+// memory of kAnswerMemory.
+inline constexpr wchar_t kQuestionMessage[] = L"BrivantoleProbeQuestion";
+
+enum class Question : WPARAM {
+    Menu,     // the receiving window's menu bar as an array of items
+    Cursors,  // the system's cursors as the process knows them: name to handle
+    Dpi,      // from now on all windows of the process are at the second parameter's dots per inch
+};
+
+// A NUL-terminated JSON text.
+inline constexpr wchar_t kAnswerMemory[] = L"BrivantoleProbeAnswer";
+inline constexpr unsigned kAnswerMemorySize = 1 << 18;
 
 }  // namespace probe

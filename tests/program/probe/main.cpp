@@ -1,6 +1,7 @@
 // Tells what the windows of other programs show. It only looks: acting is left to real clicks and
-// keys. What it does is what no hand can do: to keep the clipboard, as any other program may, and
-// to press a button by a message, as a program that works for its user does.
+// keys. What it does is what no hand can do: to keep the clipboard, as any other program may, to
+// press a button by a message, as a program that works for its user does, and to change the
+// resolution that a window is shown at.
 //
 // Each line of the input is a question, such as "tree 65620"; each answer is one line, a JSON
 // object with "answer" or "error". See the table below for the questions.
@@ -48,6 +49,15 @@ void tellItemPlace(Json& json, std::istream& arguments) {
     probe::tellItemPlace(json, window, readNumber(arguments));
 }
 
+void changeDpi(Json& json, std::istream& arguments) {
+    const HWND window = readWindow(arguments);
+    const int dpi = readNumber(arguments);
+    RECT suggested{};
+    for (LONG* edge : {&suggested.left, &suggested.top, &suggested.right, &suggested.bottom})
+        *edge = readNumber(arguments);
+    probe::changeDpi(json, window, dpi, suggested);
+}
+
 using Question = std::function<void(Json&, std::istream&)>;
 
 Question about(void (*tell)(Json&, HWND)) {
@@ -70,6 +80,10 @@ const std::map<std::string, Question>& questions() {
         {"progress", about(probe::tellProgress)},
         {"press", about(probe::pressButton)},
         {"tooltips", about(probe::tellToolTips)},
+        {"cursors", about(probe::tellCursors)},
+        {"cursor", alone(probe::tellCursor)},
+        {"accessible", about(probe::tellAccessible)},
+        {"dpi", changeDpi},
         {"clipboard", alone(probe::tellClipboard)},
         {"clipboardnumber", alone(probe::tellClipboardNumber)},
         {"holdclipboard", alone(probe::holdClipboard)},

@@ -32,6 +32,20 @@ void pressButton(Json& json, HWND window);
 // The texts that the tool tips of a process stand ready with, by the control they belong to.
 void tellToolTips(Json& json, HWND window);
 
+// The handles of the system's cursors as the window's process knows them, by name, and the handle
+// of the cursor that the pointer shows now; the latter is told even while the process is at work.
+void tellCursors(Json& json, HWND window);
+void tellCursor(Json& json);
+
+// `window` and its descendants as screen readers meet them: the name that the accessibility service
+// tells of each, the one that the program has given it, and the label before it, which the service
+// takes for lists and boxes (Wine's only for text boxes).
+void tellAccessible(Json& json, HWND window);
+
+// Moves the window's process to other dots per inch, as when its window is dragged to another
+// screen; the window is told so with the place that it is to take.
+void changeDpi(Json& json, HWND window, int dpi, const RECT& suggested);
+
 // The text on the clipboard, "" when it holds none.
 void tellClipboard(Json& json);
 // A number that differs after each change of the clipboard; asking does not get in the way of one.

@@ -3,7 +3,6 @@
 #include <stdexcept>
 #include <vector>
 
-#include "tests/program/probe/hook.h"
 #include "tests/program/probe/questions.h"
 #include "tests/program/probe/remote.h"
 
@@ -11,26 +10,18 @@ namespace probe {
 
 namespace {
 
-// Owns a handle that CloseHandle ends.
-class Handle {
-  public:
-    explicit Handle(HANDLE handle) : handle_(handle) {}
-    ~Handle() {
-        if (handle_ != nullptr) CloseHandle(handle_);
-    }
-    Handle(const Handle&) = delete;
-    Handle& operator=(const Handle&) = delete;
-    HANDLE get() const { return handle_; }
-
-  private:
-    HANDLE handle_;
-};
-
 void addPlace(Json& json, HWND window) {
     RECT place{};
     GetWindowRect(window, &place);
     json.key("rect").beginArray();
     for (const LONG edge : {place.left, place.top, place.right, place.bottom})
+        json.number(edge);
+    json.endArray();
+    RECT client{};
+    GetClientRect(window, &client);
+    MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&client), 2);
+    json.key("client").beginArray();
+    for (const LONG edge : {client.left, client.top, client.right, client.bottom})
         json.number(edge);
     json.endArray();
 }
@@ -126,26 +117,6 @@ void tellTree(Json& json, HWND window) {
     addAll(json,
            [window](WNDENUMPROC visit, LPARAM list) { EnumChildWindows(window, visit, list); });
     json.endObject();
-}
-
-void tellMenu(Json& json, HWND window) {
-    static const HMODULE library = LoadLibraryW(L"probehook.dll");
-    static const auto hook =
-        reinterpret_cast<HOOKPROC>(reinterpret_cast<void*>(GetProcAddress(library, "probeHook")));
-    const Handle mapping(CreateFileMappingW(INVALID_HANDLE_VALUE, nullptr, PAGE_READWRITE, 0,
-                                            kMenuMemorySize, kMenuMemory));
-    const auto* memory =
-        static_cast<const char*>(MapViewOfFile(mapping.get(), FILE_MAP_READ, 0, 0, 0));
-    if (memory == nullptr || hook == nullptr) throw std::runtime_error("no way into the process");
-    const DWORD thread = GetWindowThreadProcessId(window, nullptr);
-    const HHOOK installed = SetWindowsHookExW(WH_CALLWNDPROC, hook, library, thread);
-    if (installed == nullptr) throw std::runtime_error("no hook into the process");
-    ask(window, RegisterWindowMessageW(kMenuMessage));
-    UnhookWindowsHookEx(installed);
-    const std::string text = memory;
-    UnmapViewOfFile(memory);
-    if (text.empty()) throw std::runtime_error("the hook told nothing");
-    json.raw(text);
 }
 
 }  // namespace probe
