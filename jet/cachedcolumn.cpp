@@ -90,10 +90,7 @@ bool CachedColumn::append(const Table& table, RowView row) {
         return true;
     }
     RawText raw;
-    if (!table.rawText(row, *column_, raw, scratch_)) return appendNull();
-    folded_.clear();
-    folder_->fold(raw, folded_);
-    return appendFolded(folded_);
+    return table.rawText(row, *column_, raw, scratch_) ? appendText(raw) : appendNull();
 }
 
 bool CachedColumn::appendNull() {
@@ -108,22 +105,35 @@ bool CachedColumn::appendNull() {
     return true;
 }
 
-bool CachedColumn::appendFolded(std::span<const uint8_t> folded) {
-    if (auto* values = std::get_if<DictionaryValues>(&values_)) {
-        // Neighbours are mostly alike: the tracks of one CD, the files of one type.
-        const Code last = values->codes.empty() ? TextDictionary::kNull : values->codes.back();
-        const bool same = last != TextDictionary::kNull &&
-                          std::ranges::equal(values->dictionary.folded(last), folded);
-        const std::optional<Code> code = same ? last : values->dictionary.add(folded);
-        if (code && (same || repeats(*values))) {
-            values->codes.push_back(*code);
-            values->counts.resize(values->dictionary.codeCount());
-            ++values->counts[*code];
+bool CachedColumn::appendText(const RawText& raw) {
+    auto* values = std::get_if<DictionaryValues>(&values_);
+    const std::span<const uint8_t> bytes(raw.bytes, raw.length);
+    // Neighbours are mostly alike: the tracks of one CD, the files of one type.
+    if (values && lastCode_ != TextDictionary::kNull && raw.coding == lastCoding_ &&
+        std::ranges::equal(bytes, lastRaw_)) {
+        appendCode(*values, lastCode_);
+        return true;
+    }
+    folded_.clear();
+    folder_->fold(raw, folded_);
+    if (values) {
+        const std::optional<Code> code = values->dictionary.add(folded_);
+        if (code && repeats(*values)) {
+            appendCode(*values, *code);
+            lastRaw_.assign(bytes.begin(), bytes.end());
+            lastCoding_ = raw.coding;
+            lastCode_ = *code;
             return true;
         }
         if (!becomeTexts()) return false;
     }
-    return std::get<TextValues>(values_).texts.append(folded);
+    return std::get<TextValues>(values_).texts.append(folded_);
+}
+
+void CachedColumn::appendCode(DictionaryValues& values, Code code) {
+    values.codes.push_back(code);
+    values.counts.resize(values.dictionary.codeCount());
+    ++values.counts[code];
 }
 
 // The texts do not repeat after all.

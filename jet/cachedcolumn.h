@@ -73,7 +73,8 @@ class CachedColumn {
     const TextOrder& order() const { return folder_->order(); }
 
   private:
-    bool appendFolded(std::span<const uint8_t> folded);
+    bool appendText(const RawText& raw);
+    void appendCode(DictionaryValues& values, TextDictionary::Code code);
     bool becomeTexts();
     RowSet filterByCode(const DictionaryValues& values, const ColumnTest& test,
                         const RowSet& rows) const;
@@ -85,7 +86,9 @@ class CachedColumn {
     std::variant<NumberValues, DictionaryValues, TextValues> values_;
     Bytes scratch_;
     std::vector<uint8_t> folded_;
-    std::vector<uint8_t> lastFolded_;
+    std::vector<uint8_t> lastRaw_;  // of a dictionary: the last text as it is stored
+    TextCoding lastCoding_ = TextCoding::Utf16;
+    TextDictionary::Code lastCode_ = TextDictionary::kNull;
     mutable std::u16string text_;
     mutable std::u16string otherText_;
 };

@@ -10,7 +10,7 @@
 namespace jet {
 namespace {
 
-unsigned encode(char16_t character, uint8_t (&bytes)[3]) {
+unsigned encode(char16_t character, uint8_t* bytes) {
     const unsigned code = character;
     if (code < 0x80) {
         bytes[0] = static_cast<uint8_t>(code);
@@ -39,10 +39,10 @@ void growFor(std::vector<Item>& items, size_t more) {
 TextFolder::TextFolder(const TextOrder& order) : order_(&order), latin1_(), codePage_() {
     for (unsigned byte = 0; byte < 256; ++byte) {
         const char16_t latin1 = order.fold(static_cast<char16_t>(byte));
-        latin1_[byte].length = static_cast<uint8_t>(encode(latin1, latin1_[byte].bytes));
+        latin1_[byte].length = encode(latin1, latin1_[byte].bytes);
         const auto code = static_cast<uint8_t>(byte);
         const char16_t other = order.fold(base::CodePage::windows1252().decode(code));
-        codePage_[byte].length = static_cast<uint8_t>(encode(other, codePage_[byte].bytes));
+        codePage_[byte].length = encode(other, codePage_[byte].bytes);
     }
 }
 
@@ -61,11 +61,11 @@ void TextFolder::fold(const RawText& text, std::vector<uint8_t>& out) {
 void TextFolder::foldBytes(const RawText& text, const std::array<ByteForm, 256>& forms,
                            std::vector<uint8_t>& out) const {
     const size_t start = out.size();
-    out.resize(start + 3 * text.length);
+    out.resize(start + 3 * text.length + 1);
     uint8_t* at = out.data() + start;
     for (size_t i = 0; i < text.length; ++i) {
         const ByteForm& form = forms[text.bytes[i]];
-        std::copy_n(form.bytes, 3, at);
+        std::memcpy(at, form.bytes, sizeof form.bytes);
         at += form.length;
     }
     out.resize(static_cast<size_t>(at - out.data()));
@@ -77,6 +77,17 @@ void TextFolder::fold(std::u16string_view text, std::vector<uint8_t>& out) const
         const unsigned length = encode(order_->fold(character), bytes);
         out.insert(out.end(), bytes, bytes + length);
     }
+}
+
+uint64_t TextFolder::hash(const TextOrder& order, std::span<const uint8_t> folded) {
+    while (!folded.empty() && folded.back() == ' ')
+        folded = folded.first(folded.size() - 1);
+    size_t at = 0;
+    return order.hashOf([&](char16_t& character) {
+        if (at == folded.size()) return false;
+        character = decodeOne(folded, at);
+        return true;
+    });
 }
 
 void TextFolder::decode(std::span<const uint8_t> folded, std::u16string& out) {

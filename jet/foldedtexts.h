@@ -36,13 +36,15 @@ class TextFolder {
         const unsigned third = folded[at++] & 0x3Fu;
         return static_cast<char16_t>((lead & 0xF) << 12 | second << 6 | third);
     }
+    // The text order's hash of a folded text.
+    static uint64_t hash(const TextOrder& order, std::span<const uint8_t> folded);
     // Replaces `out` by the folded characters.
     static void decode(std::span<const uint8_t> folded, std::u16string& out);
 
   private:
     struct ByteForm {
-        uint8_t length;
-        uint8_t bytes[3];
+        uint8_t bytes[4];  // copied as a whole, the last for nothing
+        uint32_t length;
     };
     void foldBytes(const RawText& text, const std::array<ByteForm, 256>& forms,
                    std::vector<uint8_t>& out) const;

@@ -41,12 +41,21 @@ CachedColumn* TableCache::column(const Column& column) {
 }
 
 bool TableCache::load(CachedColumn& column) const {
+    RowCursor cursor = table_.rows();
+    bool atRow = cursor.next();
     for (size_t row = 0; row < ids_.size(); ++row) {
         if (row == kSampleRows) column.expect(ids_.size());
         if (row % kSampleRows == 0 && !hasRoomFor(column.bytes())) return false;
-        const bool fits = live_.contains(row) ? column.append(table_, table_.row(ids_[row]))
-                                              : column.appendNull();
-        if (!fits) return false;
+        if (!live_.contains(row)) {
+            if (!column.appendNull()) return false;
+            continue;
+        }
+        // The first rows are in the order of their identities, which is mostly that of the pages.
+        const RowId id = ids_[row];
+        while (row < firstCount_ && atRow && cursor.id() < id)
+            atRow = cursor.next();
+        const bool met = row < firstCount_ && atRow && cursor.id() == id;
+        if (!column.append(table_, met ? cursor.row() : table_.row(id))) return false;
     }
     return hasRoomFor(column.bytes());
 }

@@ -22,21 +22,28 @@ class TextIndex {
     // The rows that it knows whose text equals `text`, in descending order.
     std::vector<uint32_t> rowsEqualTo(std::u16string_view text, const FoldedTexts& texts);
 
-    size_t bytes() const { return (slots_.capacity() + next_.capacity()) * sizeof(uint32_t); }
+    size_t bytes() const {
+        return slots_.capacity() * sizeof(Slot) + next_.capacity() * sizeof(uint32_t);
+    }
     // What it takes for that many rows.
     static size_t bytesFor(size_t rows);
 
   private:
     static constexpr uint32_t kNone = UINT32_MAX;
 
+    struct Slot {
+        uint32_t row = kNone;  // the last of a chain of equal texts
+        uint32_t tag = 0;      // of their hash; spares looking at most of the texts that differ
+    };
+
     void grow(const FoldedTexts& texts);
     void insert(uint32_t row, const FoldedTexts& texts);
     bool sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts);
 
     const TextOrder* order_;
-    std::vector<uint32_t> slots_;  // the last row of a chain of equal texts, or kNone
-    std::vector<uint32_t> next_;   // by row: the one before it in its chain, or kNone
-    size_t used_ = 0;              // slots taken
+    std::vector<Slot> slots_;
+    std::vector<uint32_t> next_;  // by row: the one before it in its chain, or kNone
+    size_t used_ = 0;             // slots taken
     std::u16string left_;
     std::u16string right_;
 };

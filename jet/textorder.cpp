@@ -293,14 +293,6 @@ uint64_t TextOrder::prefix(std::u16string_view text, size_t skip) const {
     return prefix;
 }
 
-uint64_t TextOrder::hash(std::u16string_view text) const {
-    PrimaryBytes bytes(*this, withoutTrailingSpaces(text));
-    uint64_t hash = 0xCBF29CE484222325;  // FNV-1a
-    for (int byte = bytes.next(); byte >= 0; byte = bytes.next())
-        hash = (hash ^ static_cast<uint64_t>(byte)) * 0x100000001B3;
-    return hash ^ (hash >> 32);
-}
-
 void TextOrder::appendKey(std::u16string_view text, std::vector<uint8_t>& key) const {
     text = withoutTrailingSpaces(text);
     PrimaryBytes bytes(*this, text);

@@ -46,7 +46,33 @@ class TextOrder {
     uint64_t prefix(std::u16string_view text, size_t skip = 0) const;
 
     // Equal for equal texts.
-    uint64_t hash(std::u16string_view text) const;
+    uint64_t hash(std::u16string_view text) const {
+        while (!text.empty() && text.back() == u' ')
+            text.remove_suffix(1);
+        size_t at = 0;
+        return hashOf([&](char16_t& character) {
+            if (at == text.size()) return false;
+            character = text[at++];
+            return true;
+        });
+    }
+    // The same for a text whose characters come one by one: next(character) gives them, and false
+    // behind the last that is no space.
+    template <typename Next>
+    uint64_t hashOf(Next&& next) const {
+        uint64_t hash = 0xCBF29CE484222325;  // FNV-1a over the primary bytes
+        const auto mix = [&hash](const CharacterWeight& weight) {
+            for (uint8_t at = 0; at < weight.primaryLength; ++at)
+                hash = (hash ^ weight.primary[at]) * 0x100000001B3;
+        };
+        for (char16_t character = 0; next(character);) {
+            if (character < kTableSize)
+                mix(weights_[character]);
+            else
+                mix(otherWeight(character));
+        }
+        return hash ^ (hash >> 32);
+    }
 
     // One character for all those that the order cannot tell apart, so that two characters match
     // exactly when their folded forms are the same. A space stays apart from all others, as it is

@@ -61,13 +61,13 @@ void JetContender::append(std::span<const Row> rows) {
     const auto table = database_->OpenRecordset(u"ListDonnees");
     for (const Row& row : rows) {
         table->AddNew();
-        table->Fields(u"Nom").setValue(base::fromUtf8(row.nom));
-        table->Fields(u"NomCompil").setValue(base::fromUtf8(row.nomCompil));
-        table->Fields(u"Fichier").setValue(base::fromUtf8(row.fichier));
-        table->Fields(u"FichierCompil").setValue(base::fromUtf8(row.fichierCompil));
+        table->Fields(u"Nom").setValue(row.nom.utf16);
+        table->Fields(u"NomCompil").setValue(row.nomCompil.utf16);
+        table->Fields(u"Fichier").setValue(row.fichier.utf16);
+        table->Fields(u"FichierCompil").setValue(row.fichierCompil.utf16);
         table->Fields(u"Taille").setValue(row.taille);
-        table->Fields(u"Compilation").setValue(base::fromUtf8(row.compilation));
-        table->Fields(u"Type").setValue(base::fromUtf8(row.type));
+        table->Fields(u"Compilation").setValue(row.compilation.utf16);
+        table->Fields(u"Type").setValue(row.type.utf16);
         table->Update();
     }
 }

@@ -1,6 +1,7 @@
-// enginebench FOLDER CATALOGUE ROWS [WORDS]: the program's engine and SQLite beside each other, with ROWS
-// rows in files in FOLDER; CATALOGUE is one without rows. Times are ours, the other columns how
-// many times as long the others take. With WORDS only the tasks whose name holds them are done.
+// enginebench FOLDER CATALOGUE ROWS [WORDS]: the program's engine and SQLite beside each other,
+// with ROWS rows in files in FOLDER; CATALOGUE is one without rows. Times are ours, the other
+// columns how many times as long the others take. With WORDS only the tasks whose name holds them
+// are done.
 #include <cstdio>
 #include <cstdlib>
 #include <exception>

@@ -41,8 +41,8 @@ std::vector<LookUp> lookUpsIn(size_t cds, size_t count, bool withSize) {
         const std::vector<Row> rows = rowsOfCd(i * 7 % cds);
         for (size_t row = i % 5; row < rows.size() && lookUps.size() < count; row += 5) {
             const bool known = lookUps.size() % 2 == 0;
-            lookUps.push_back({.type = rows[row].type,
-                               .title = rows[row].nom + (known ? "" : " absent"),
+            lookUps.push_back({.type = rows[row].type.utf8,
+                               .title = rows[row].nom.utf8 + (known ? "" : " absent"),
                                .size = rows[row].taille,
                                .withSize = withSize});
         }

@@ -25,9 +25,7 @@ class Race {
     using Task = std::function<double(Contender&)>;
 
     void race(const std::string& task, size_t rounds, const Task& work);
-    bool isWanted(const std::string& task) const {
-        return task.find(wanted_) != std::string::npos;
-    }
+    bool isWanted(const std::string& task) const { return task.find(wanted_) != std::string::npos; }
     double fill(Contender& contender) const;
     void reopen(Contender& contender) const;
 

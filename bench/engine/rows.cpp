@@ -1,7 +1,9 @@
 #include "bench/engine/rows.h"
 
 #include <array>
+#include <utility>
 
+#include "base/text.h"
 #include "bench/samples.h"
 
 namespace bench {
@@ -21,6 +23,11 @@ std::string lowerCase(std::string_view extension) {
         if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 32);
     }
     return text;
+}
+
+Text text(std::string utf8) {
+    std::u16string utf16 = base::fromUtf8(utf8);
+    return {std::move(utf8), std::move(utf16)};
 }
 
 std::string twoDigits(size_t number) {
@@ -51,15 +58,17 @@ std::vector<Row> rowsOfCd(size_t cd) {
         }
         const std::string_view extension = type(chance);
         const std::string song = title(chance, 4);
+        const std::string nom = song + " - " + artistName;
+        const std::string fichier =
+            folder + twoDigits(track) + " - " + song + "." + lowerCase(extension);
         Row row;
-        row.nom.append(song).append(" - ").append(artistName);
-        row.fichier.append(folder).append(twoDigits(track)).append(" - ").append(song);
-        row.fichier.append(".").append(lowerCase(extension));
-        row.nomCompil = row.nom + inBrackets;
-        row.fichierCompil = row.fichier + inBrackets;
+        row.nom = text(nom);
+        row.fichier = text(fichier);
+        row.nomCompil = text(nom + inBrackets);
+        row.fichierCompil = text(fichier + inBrackets);
         row.taille = kSmallestSize + static_cast<int64_t>(cd * kRowsOfCd + rows.size());
-        row.compilation = name;
-        row.type = extension;
+        row.compilation = text(name);
+        row.type = text(std::string(extension));
         rows.push_back(std::move(row));
         --track;
     }

@@ -11,15 +11,20 @@ namespace bench {
 
 constexpr size_t kRowsOfCd = 500;
 
-// Texts in UTF-8; each engine takes them in a form of its own.
+// A text in the forms that the engines take, so that no time is spent on turning one into another.
+struct Text {
+    std::string utf8;
+    std::u16string utf16;
+};
+
 struct Row {
-    std::string nom;
-    std::string nomCompil;
-    std::string fichier;
-    std::string fichierCompil;
+    Text nom;
+    Text nomCompil;
+    Text fichier;
+    Text fichierCompil;
     int64_t taille;  // no two rows share one: it tells the row in comparisons of answers
-    std::string compilation;
-    std::string type;
+    Text compilation;
+    Text type;
 };
 
 std::string cdName(size_t cd);

@@ -147,13 +147,13 @@ void SqliteContender::begin() {
 void SqliteContender::append(std::span<const Row> rows) {
     sqlite3_stmt* const insert = prepared("INSERT INTO ListDonnees VALUES(?,?,?,?,?,?,?)");
     for (const Row& row : rows) {
-        bind(insert, 1, row.nom);
-        bind(insert, 2, row.nomCompil);
-        bind(insert, 3, row.fichier);
-        bind(insert, 4, row.fichierCompil);
+        bind(insert, 1, row.nom.utf8);
+        bind(insert, 2, row.nomCompil.utf8);
+        bind(insert, 3, row.fichier.utf8);
+        bind(insert, 4, row.fichierCompil.utf8);
         sqlite3_bind_int64(insert, 5, row.taille);
-        bind(insert, 6, row.compilation);
-        bind(insert, 7, row.type);
+        bind(insert, 6, row.compilation.utf8);
+        bind(insert, 7, row.type.utf8);
         check(sqlite3_step(insert));
         sqlite3_reset(insert);
     }
