@@ -8,12 +8,13 @@ TAB_STOPS = ["List1", "DBList2", "Check1", "Check3", "Option1", "CommandLecteurM
              "CommandLecteurPlus", "TextRech", "CheckFormat0"]
 
 
-def test_the_wheel_turns_the_list_under_the_pointer(program, tmp_path):
+def test_the_wheel_turns_the_list_under_the_pointer(program, album_folder, tmp_path):
     main = program.open()
     for number in range(120):
         (tmp_path / f"piste {number:03}.mp3").write_bytes(bytes(200))
     program.desktop.set_medium("e", tmp_path)
     add_cd(main, "Cent vingt")
+    program.desktop.set_medium("e", album_folder)
     choose_cd(main, "Cent vingt")
     main.resize(700, 480)
     main.List1.wait(lambda: main.List1.focused, "to have the focus")
