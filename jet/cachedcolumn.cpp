@@ -24,16 +24,6 @@ int sign(double a, double b) {
     return a < b ? -1 : a > b;
 }
 
-// For each code, whether the test is true for its text.
-std::vector<uint8_t> passingCodes(const TextDictionary& dictionary, const ColumnTest& test,
-                                  const TextOrder& order) {
-    std::vector<uint8_t> passing(dictionary.codeCount());
-    passing[TextDictionary::kNull] = passesNull(test);
-    for (size_t code = 1; code < passing.size(); ++code)
-        passing[code] = passesText(test, dictionary.text(static_cast<Code>(code)), order);
-    return passing;
-}
-
 bool repeats(const DictionaryValues& values) {
     const size_t texts = values.dictionary.codeCount();
     return texts <= kTextsOnTrial || 2 * texts <= values.codes.size();
@@ -199,9 +189,18 @@ RowSet CachedColumn::filter(const ColumnTest& test, const RowSet& rows) const {
     return rows.where([&](size_t row) { return passes(test, row); });
 }
 
+std::vector<uint8_t> CachedColumn::passingCodes(const ColumnTest& test) const {
+    const TextDictionary& texts = dictionary()->dictionary;
+    std::vector<uint8_t> passing(texts.codeCount());
+    passing[TextDictionary::kNull] = passesNull(test);
+    for (size_t code = 1; code < passing.size(); ++code)
+        passing[code] = passesText(test, texts.text(static_cast<Code>(code)), order());
+    return passing;
+}
+
 RowSet CachedColumn::filterByCode(const DictionaryValues& values, const ColumnTest& test,
                                   const RowSet& rows) const {
-    const std::vector<uint8_t> passing = passingCodes(values.dictionary, test, order());
+    const std::vector<uint8_t> passing = passingCodes(test);
     return rows.where([&](size_t row) { return passing[values.codes[row]]; });
 }
 

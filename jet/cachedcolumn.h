@@ -59,6 +59,8 @@ class CachedColumn {
     bool passes(const ColumnTest& test, size_t row) const;
     // The rows among `rows` for which it is true.
     RowSet filter(const ColumnTest& test, const RowSet& rows) const;
+    // Of a column with a dictionary: for each code, 1 when the test is true for its text.
+    std::vector<uint8_t> passingCodes(const ColumnTest& test) const;
 
     // How many rows `column = text` may find; nothing when only looking tells.
     std::optional<size_t> countEqualTo(std::u16string_view text) const;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <span>
 
+#include "jet/codedecision.h"
+
 namespace jet {
 namespace {
 
@@ -75,12 +77,14 @@ std::optional<Planner::RowNumbers> Planner::fewRows(const Condition& condition) 
     const ColumnTest* lookUp = bestLookUp(condition);
     if (!lookUp) return std::nullopt;
     RowNumbers rows = cache_.column(*lookUp->column)->rowsEqualTo(lookUp->text);
-    std::erase_if(rows, [&](uint32_t row) {
-        if (!cache_.live().contains(row)) return true;
-        return !std::ranges::all_of(conjuncts(condition), [&](const Condition& operand) {
-            return &operand.test == lookUp || matches(operand, row);
+    std::erase_if(rows, [&](uint32_t row) { return !cache_.live().contains(row); });
+    for (const Condition& operand : conjuncts(condition)) {
+        if (&operand.test == lookUp) continue;
+        const auto decision = CodeDecision::of(operand, cache_, rows.size());
+        std::erase_if(rows, [&](uint32_t row) {
+            return !(decision ? decision->passes(row) : matches(operand, row));
         });
-    });
+    }
     return rows;
 }
 
@@ -120,6 +124,8 @@ int Planner::cost(const Condition& condition) {
 // The rows among `rows` that match.
 RowSet Planner::filter(const Condition& condition, RowSet rows) {
     if (condition.kind == Condition::Kind::Test) return filterByTest(condition.test, rows);
+    if (const auto decision = CodeDecision::of(condition, cache_, rows.limit()))
+        return rows.where([&](size_t row) { return decision->passes(row); });
     std::vector<std::pair<int, const Condition*>> operands;
     for (const Condition& operand : condition.operands)
         operands.emplace_back(cost(operand), &operand);
