@@ -4,7 +4,7 @@ import shutil
 
 import pytest
 
-from harness import catalogue, medium, settings
+from harness import catalogue, medium, settings, titles
 from harness.desktop import FIXED, Desktop
 from harness.paths import SAMPLE_MEDIUM
 from harness.player import RecordingPlayer
@@ -237,6 +237,70 @@ def test_an_empty_medium_still_sums_up(main, tmp_path):
     cancel(window)
 
 
+def in_order(window):
+    """One below the other and inside the window: heading, list, label, a pair of buttons."""
+    left, top, right, bottom = window.rect
+    heading, view, label = (window.control(name).rect
+                            for name in ("LabelTitrelist", "ListInfocopy", "LabelInfoCopy"))
+    start, stop = window.CommandCopier.rect, window.ComAnnuleCopie.rect
+    return (top < heading[1] and heading[3] <= view[1] and view[3] <= label[1]
+            and label[3] <= start[1] and (start[1], start[3]) == (stop[1], stop[3])
+            and start[2] < stop[0] and stop[3] < bottom
+            and abs((start[0] + stop[2]) - (left + right)) <= 20
+            and abs((heading[0] + heading[2]) - (left + right)) <= 20
+            and (view[0], view[2]) == (label[0], label[2])
+            and 0 < view[0] - left < 30 and 0 < right - view[2] < 30)
+
+
+def test_the_window_keeps_its_order_at_any_size(main):
+    window = begin_copy(main)
+    assert in_order(window)
+    for asked, size in (((1000, 700), (1000, 700)), ((300, 200), (480, 360))):
+        window.resize(*asked)
+        wait_for(lambda: window.size == size, f"the size {size}")
+        wait_for(lambda: in_order(window), "the controls to follow")
+    cancel(window)
+
+
+def test_size_and_look_are_kept_for_the_next_run(desktop, target):
+    with Program(desktop) as program:
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
+                        FontSize=16, BackColor=0xC0F0FF)
+        window = begin_copy(program.open())
+        left, _, right, bottom = window.ListInfocopy.rect
+        shown = desktop.colours((left + 30, bottom - 20, right - 30, bottom - 4))
+        assert shown == {(255, 240, 192): 1.0}
+        assert window.ListInfocopy.item_height() > 20
+        window.resize(900, 650)
+        wait_for(lambda: window.size == (900, 650), "the larger window")
+        cancel(window)
+        program.quit()
+        values = settings.read(program.settings)
+        assert [values[f"LayoutValue{number}"] for number in (4, 5, 6)] == [650 * 15, 900 * 15, 0]
+        window = begin_copy(program.open())
+        assert window.size == (900, 650)
+        window.maximize()
+        wait_for(lambda: window.size[0] > 1200, "the maximised window")
+        cancel(window)
+        program.quit()
+        values = settings.read(program.settings)
+        assert [values[f"LayoutValue{number}"] for number in (4, 5, 6)] == [650 * 15, 900 * 15, 2]
+
+
+def test_after_the_copy_keys_close_the_window(main, target):
+    for key in ("Return", "Escape"):
+        window = begin_copy(main)
+        window.ListInfocopy.click_tick(0)
+        wait_for(lambda: not window.ListInfocopy.ticks()[0], "one track less")
+        window.CommandCopier.click()
+        wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
+        assert window.ComAnnuleCopie.focused and window.ListInfocopy.enabled
+        main.desktop.keys(key)
+        main.program.wait_gone("FrmInfoCopy")
+        shutil.rmtree(target)
+        target.mkdir()
+
+
 # The rules, over the sample medium with copies of its own files in it.
 
 @pytest.fixture(scope="module")
@@ -263,49 +327,42 @@ def known(doubles, tmp_path_factory):
 
 
 @pytest.fixture
-def titles(main, doubles, known):
-    """Title and type of each file of the sample medium, as the catalogue has them; the catalogue
-    holds the known medium alone afterwards."""
-    main.desktop.set_medium("e", doubles)
-    add_cd(main, "Tout")
-    found = {row["Fichier"].replace("[CD]\\", "").replace("\\", "/"): (row["Nom"], row["Type"])
-             for row in catalogue.rows(main.program.database) if row["Compilation"] == "Tout"}
-    choose_cd(main, "Tout")
-    delete_cd(main)
+def catalogued(main, doubles, known):
+    """The catalogue holds the known medium alone."""
     main.desktop.set_medium("e", known)
     add_cd(main, "Connu")
     main.desktop.set_medium("e", doubles)
-    yield found
+    yield
     choose_cd(main, "Connu")
     delete_cd(main)
 
 
-def expected_copies(doubles, order, titles, rows, rule, duplicate_rule):
-    """What a pair of rules lets through, worked out from the files in the order of the walk."""
-    copied, kept = {}, set()
-    known_titles = {(row["Nom"].casefold(), row["Type"]) for row in rows}
-    known_sizes = {(row["Nom"].casefold(), row["Type"], row["Taille"]) for row in rows}
+def expected_copies(order, tracks, known_tracks, rule, duplicate_rule):
+    """The files that a pair of rules lets through, in the order of the walk."""
+    copied, kept = [], set()
+    known_titles = {(title.casefold(), kind) for title, kind, _ in known_tracks}
+    known_sizes = {(title.casefold(), kind, size) for title, kind, size in known_tracks}
     for path in order:
-        if path not in titles:
+        title, kind, size = tracks[path]
+        title = title.casefold()
+        if rule == 1 and (title, kind) in known_titles:
             continue
-        data = (doubles / path).read_bytes()
-        name, kind = titles[path]
-        name = name.casefold()
-        if rule == 1 and (name, kind) in known_titles:
+        if rule == 2 and (title, kind, size) in known_sizes:
             continue
-        if rule == 2 and (name, kind, len(data)) in known_sizes:
-            continue
-        seen = (name, len(data) if duplicate_rule == 2 else None)
+        seen = (title, size if duplicate_rule == 2 else None)
         if duplicate_rule and seen in kept:
             continue
         kept.add(seen)
-        copied[path] = data
+        copied.append(path)
     return copied
 
 
-def test_each_pair_of_rules_copies_exactly_what_it_says(main, target, doubles, titles):
+def test_each_pair_of_rules_copies_exactly_what_it_says(main, target, doubles, known, catalogued):
     program = main.program
     rows = catalogue.rows(program.database)
+    tracks = titles.tracks(doubles)
+    known_tracks = list(titles.tracks(known).values())
+    assert len(rows) == len(known_tracks)
     sizes = {}
     for rule in range(3):
         for duplicate_rule in range(3):
@@ -313,13 +370,17 @@ def test_each_pair_of_rules_copies_exactly_what_it_says(main, target, doubles, t
                 dialog.control(f"OptionCopier{catalogue_rule}").click()
                 dialog.control(f"OptionCopier{3 + run_rule}").click()
             window = begin_copy(main, choose)
+            # The order is the system's; what stands in it is not.
             lines = (program.folder / "tmp.tmp").read_bytes().decode("cp1252").split("\r\n")
-            order = [line.removeprefix("E:\\").replace("\\", "/") for line in lines[:-1]]
-            expected = expected_copies(doubles, order, titles, rows, rule, duplicate_rule)
-            assert window.ListInfocopy.ticks() == [path in expected for path in order
-                                                   if path in titles]
+            walked = [line.removeprefix("E:\\").replace("\\", "/") for line in lines[:-1]]
+            order = [path for path in walked if path in tracks]
+            assert sorted(order) == sorted(tracks)
+            assert window.ListInfocopy.rows() == [tracks[path][0] for path in order]
+            expected = expected_copies(order, tracks, known_tracks, rule, duplicate_rule)
+            assert window.ListInfocopy.ticks() == [path in expected for path in order]
             assert f"{len(expected)} morceaux copiés (" in finish_copy(window)
-            assert files(target) == expected, (rule, duplicate_rule)
+            assert files(target) == {path: (doubles / path).read_bytes() for path in expected}, (
+                rule, duplicate_rule)
             sizes[rule, duplicate_rule] = len(expected)
             assert catalogue.rows(program.database) == rows
             shutil.rmtree(target)
@@ -410,6 +471,29 @@ def test_a_disc_taken_out_ends_the_copy_with_a_message(main, target):
     assert files(target) == {} and main.state["enabled"]
 
 
+def test_a_disc_taken_out_during_the_copy_keeps_what_is_whole(main, target, long_medium):
+    window = begin_copy(main)
+    window.CommandCopier.click()
+    wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+    main.desktop.set_medium("e", None)
+    box = main.program.message()
+    assert "E:\\suite\\petit.mid" in box.text
+    box.answer("OK")
+    main.program.wait_gone("FrmInfoCopy")
+    assert [path.name for path in target.rglob("*") if path.is_file()] == ["gros.wav"]
+    assert (target / "gros.wav").stat().st_size == 1 << 30
+
+
+def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_medium):
+    with Program(desktop) as program:
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
+        window = begin_copy(program.open())
+        window.CommandCopier.click()
+        wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+        program.kill()
+    assert not (target / "gros.wav").exists()
+
+
 def test_a_drive_without_a_medium_is_reported(main, target):
     dialog = open_copy(main)
     main.desktop.set_medium("e", None)
@@ -425,6 +509,16 @@ def test_a_destination_that_goes_ends_the_copy_with_a_message(main, target):
     assert "H:\\Copies" in failing_copy(window)
     assert not target.exists()
     target.mkdir()
+
+
+def test_a_destination_drive_that_goes_ends_the_copy_with_a_message(main, target, disk):
+    window = begin_copy(main)
+    main.desktop.set_medium("h", None)
+    try:
+        assert "H:\\Copies" in failing_copy(window)
+    finally:
+        main.desktop.set_medium("h", disk)
+    assert files(target) == {} and main.state["enabled"]
 
 
 def test_a_read_only_destination_ends_the_copy_with_a_message(main, target):

@@ -1,4 +1,6 @@
 """The window that sets a copy up: its presets, its folder list, its types, and what it keeps."""
+import shutil
+
 import pytest
 
 from harness import medium, settings
@@ -88,6 +90,27 @@ def test_it_opens_with_the_settings(program):
 def test_a_destination_that_is_gone_gives_the_nearest_that_is_there(program, stored, shown):
     settings.change(program.settings, CopyDestination=stored)
     assert open_copy(program.open()).LabelChemin.text == shown
+
+
+def test_a_destination_drive_that_is_gone_gives_another(program):
+    settings.change(program.settings, DestinationDrive="q:", CopyDestination="Q:\\Musique")
+    dialog = open_copy(program.open())
+    drive = dialog.Drivedestin.choice[:2].upper()
+    assert drive not in ("", "Q:")
+    assert dialog.LabelChemin.text in ("", f"{drive}\\")
+    assert dialog.ComCopierOK.enabled == bool(dialog.LabelChemin.text)
+
+
+def test_a_destination_beyond_260_characters_can_be_copied_to(program, disk, album_folder):
+    deep = [letter * 60 for letter in "abcdef"]
+    folder = disk.joinpath(*deep)
+    folder.mkdir(parents=True)
+    path = "\\".join(["H:", *deep])
+    settings.change(program.settings, CopyDestination=path)
+    window = begin_copy(program.open())
+    assert "8 morceaux copiés (" in finish_copy(window)
+    assert (folder / "my_song.mid").read_bytes() == (album_folder / "my_song.mid").read_bytes()
+    shutil.rmtree(disk / deep[0])
 
 
 def test_folders_are_browsed_by_mouse_and_keys(program):
