@@ -6,7 +6,7 @@ from harness.desktop import Desktop
 from harness.form import centre
 from harness.names import control_ids
 from harness.program import Program
-from harness.steps import ALL
+from harness.steps import ALL, add_cd
 from harness.waiting import wait_for
 
 BUTTONS = ("Command1", "comcopier", "comsave", "ComNouveau", "Comaide")
@@ -273,6 +273,43 @@ def test_a_higher_resolution_scales_everything(album_folder, dpi):
         saved = settings.read(program.settings)
         assert (saved["WinWidth"], saved["WinHeight"]) == (10500, 9600)
         assert saved["List1Width"] == (2 * left * 96 + dpi) // (2 * dpi)  # halves go up
+
+
+def test_a_window_taken_to_a_screen_of_another_resolution_scales_everything(album_folder):
+    with Desktop(medium=album_folder, size="1700x1300") as desktop, Program(desktop) as program:
+        main = program.open()
+        add_cd(main, "Rock 1")
+        main.resize(800, 640)
+        becomes(main, 800, 640)
+        drag_splitter(main, 40)
+        measured = ("Check1", "LabelLecteur", "Label3", "CheckAutoRefresh")
+        before = {name: (main.control(name).width, main.control(name).height) for name in measured}
+        rows = main.List1.item_height(), main.DBList2.item_height()
+        share = main.List1.width / main.DBList2.width
+        for dpi in (144, 192, 96):
+            scale = dpi / 96
+            width, height = round(800 * scale), round(640 * scale)
+            main.change_dpi(dpi, (20, 10, 20 + width, 10 + height))
+            becomes(main, width, height)
+            assert [main.control(name).height for name in BUTTONS] == pytest.approx(
+                [height * scale for height in NORMAL_HEIGHTS], abs=1)
+            all_inside_and_apart(main)
+            assert main.DBList2.rect[0] - main.List1.rect[2] == 16 * scale
+            assert main.Label2.rect[1] - main.DBList2.rect[3] == pytest.approx(43 * scale, abs=1)
+            assert main.List1.width / main.DBList2.width == pytest.approx(share, rel=0.02)
+            for name, size in before.items():
+                now = main.control(name)
+                assert (now.width, now.height) == pytest.approx(
+                    (size[0] * scale, size[1] * scale), rel=0.1), name
+            assert (main.List1.item_height(), main.DBList2.item_height()) == pytest.approx(
+                (rows[0] * scale, rows[1] * scale), rel=0.15)
+            if dpi == 144:
+                main.resize(100, 100)
+                becomes(main, 900, 690)
+                assert main.Command1.height == pytest.approx(45 * scale, abs=1)
+        program.quit()
+        saved = settings.read(program.settings)
+        assert (saved["WinWidth"], saved["WinHeight"]) == (12000, 9600)
 
 
 def is_usable(program, main, screen=(1280, 1000)):

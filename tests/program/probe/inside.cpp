@@ -70,7 +70,8 @@ void changeDpi(Json& json, HWND window, int dpi, const RECT& suggested) {
     const std::string changed = askInside(window, Question::Dpi, dpi);
     RemoteMemory memory(window, sizeof suggested);
     memory.write(&suggested, sizeof suggested);
-    ask(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), memory.address());
+    // Fonts, pictures and every place are made anew.
+    ask(window, WM_DPICHANGED, MAKEWPARAM(dpi, dpi), memory.address(), 10 * kAnswerMilliseconds);
     json.raw(changed);
 }
 

@@ -4,10 +4,10 @@
 
 namespace probe {
 
-LRESULT ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+LRESULT ask(HWND window, UINT message, WPARAM wparam, LPARAM lparam, UINT milliseconds) {
     DWORD_PTR result = 0;
-    if (SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL, kAnswerMilliseconds,
-                            &result) == 0) {
+    if (SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL, milliseconds, &result) ==
+        0) {
         throw std::runtime_error("the window does not answer");
     }
     return static_cast<LRESULT>(result);

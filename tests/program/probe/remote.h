@@ -11,7 +11,8 @@ namespace probe {
 inline constexpr UINT kAnswerMilliseconds = 3000;
 
 // Sends a message with a time limit; throws std::runtime_error when the window does not answer.
-LRESULT ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0);
+LRESULT ask(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0,
+            UINT milliseconds = kAnswerMilliseconds);
 
 // Owns a block of memory in the process that owns `window`. Throws std::runtime_error.
 class RemoteMemory {
