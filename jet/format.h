@@ -44,7 +44,9 @@ struct Format {
         uint32_t indexCounterSize;
         uint32_t columnSize;
         uint32_t indexSize;
-        uint32_t indexOwnedMap;  // inside an index
+        uint32_t indexOwnedMap;  // inside an index, as the next two
+        uint32_t indexRoot;
+        uint32_t indexFlags;
         uint32_t logicalIndexSize;
     } definition;
 
@@ -58,6 +60,15 @@ struct Format {
         uint32_t fixedOffset;
         uint32_t length;
     } column;
+
+    struct IndexPage {
+        uint32_t previous;
+        uint32_t next;
+        uint32_t tail;  // of a node: the child behind those of the entries
+        uint32_t prefixLength;
+        uint32_t entryEnds;  // bitmap: an entry ends before that byte of the entries
+        uint32_t entries;
+    } indexPage;
 
     // Pages that one type 5 map page can name.
     uint32_t pagesPerMapPage() const { return (pageSize - 4) * 8; }
@@ -86,6 +97,8 @@ inline constexpr Format jet3{
                    .columnSize = 18,
                    .indexSize = 39,
                    .indexOwnedMap = 30,
+                   .indexRoot = 34,
+                   .indexFlags = 38,
                    .logicalIndexSize = 20},
     .column = {.number = 1,
                .variableIndex = 3,
@@ -95,6 +108,12 @@ inline constexpr Format jet3{
                .extendedFlags = 0,
                .fixedOffset = 14,
                .length = 16},
+    .indexPage = {.previous = 8,
+                  .next = 12,
+                  .tail = 16,
+                  .prefixLength = 20,
+                  .entryEnds = 22,
+                  .entries = 248},
 };
 
 inline constexpr Format jet4{
@@ -119,6 +138,8 @@ inline constexpr Format jet4{
                    .columnSize = 25,
                    .indexSize = 52,
                    .indexOwnedMap = 34,
+                   .indexRoot = 38,
+                   .indexFlags = 46,
                    .logicalIndexSize = 28},
     .column = {.number = 5,
                .variableIndex = 7,
@@ -128,6 +149,12 @@ inline constexpr Format jet4{
                .extendedFlags = 16,
                .fixedOffset = 21,
                .length = 23},
+    .indexPage = {.previous = 12,
+                  .next = 16,
+                  .tail = 20,
+                  .prefixLength = 24,
+                  .entryEnds = 27,
+                  .entries = 480},
 };
 
 // The same in both versions.

@@ -11,8 +11,9 @@ namespace jet {
 
 namespace {
 
-// A page with less room than this part of its size is not worth looking at again.
-constexpr uint32_t kWorthwhileRoomDivisor = 16;
+// A page with less room than this part of its size is left as it is: rows that were scattered over
+// the last gaps of many old pages would make each of these a page to journal and to write.
+constexpr uint32_t kWorthwhileRoomDivisor = 8;
 
 uint32_t worthwhileRoom(const Format& format) {
     return format.pageSize / kWorthwhileRoomDivisor;
@@ -45,7 +46,10 @@ bool RowPages::findPage(uint32_t length) {
         if (bytes[0] != page::kTypeData || get32(bytes + page::kOwner) != owner_ || !owns(page))
             continue;
         checkSlots(format, bytes, page);
-        current_ = page;
+        if (PageSlots(format, bytes, page).freeBytes() < worthwhileRoom(format))
+            removeFromMap(pager_, withRoom_, page);
+        else
+            current_ = page;
     }
 }
 

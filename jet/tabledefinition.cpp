@@ -19,6 +19,7 @@ constexpr uint32_t kTotalLength = 8;
 constexpr uint8_t kFlagFixed = 0x01;
 constexpr uint8_t kFlagAutoNumber = 0x04;
 constexpr uint8_t kExtendedCompressed = 0x01;
+constexpr uint8_t kIgnoresNulls = 2;  // flag of an index
 constexpr uint16_t kEndOfLongColumns = 0xFFFF;
 constexpr size_t kLongColumnSize = 10;
 constexpr uint32_t kMaxColumns = 255;
@@ -194,9 +195,12 @@ TableDefinition readTableDefinition(const Pager& pager, uint32_t page, std::u16s
     }
     for (Column& column : definition.columns)
         column.name = reader.takeName(format.wide);
-    for (uint32_t i = 0; i < definition.indexCount; ++i)
-        definition.indexMaps.push_back(
-            RowId{get32(reader.take(at.indexSize).data() + at.indexOwnedMap)});
+    for (uint32_t i = 0; i < definition.indexCount; ++i) {
+        const uint8_t* index = reader.take(at.indexSize).data();
+        definition.indexes.push_back({.ownedMap = RowId{get32(index + at.indexOwnedMap)},
+                                      .root = get32(index + at.indexRoot),
+                                      .ignoresNulls = (index[at.indexFlags] & kIgnoresNulls) != 0});
+    }
     reader.take(size_t{logicalIndexCount} * at.logicalIndexSize);
     for (uint32_t i = 0; i < logicalIndexCount; ++i)
         reader.takeName(format.wide);

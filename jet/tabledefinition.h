@@ -57,6 +57,13 @@ struct Column {
     uint32_t characterLimit(bool wide) const { return wide ? length / 2u : length; }
 };
 
+// A physical index; several of the user's may share one.
+struct Index {
+    RowId ownedMap;
+    uint32_t root = 0;          // the topmost page of its tree
+    bool ignoresNulls = false;  // rows without a value have no entry
+};
+
 struct TableDefinition {
     std::u16string name;
     uint32_t page = 0;            // its first definition page
@@ -64,8 +71,8 @@ struct TableDefinition {
     std::vector<Column> columns;  // in the order of their numbers; deleted ones are left out
     uint16_t columnsEver = 0;     // deleted ones included
     uint16_t variableColumnsEver = 0;
-    uint32_t indexCount = 0;       // physical ones
-    std::vector<RowId> indexMaps;  // the pages that each physical index owns
+    uint32_t indexCount = 0;  // physical ones
+    std::vector<Index> indexes;
     RowId ownedMap;
     RowId freeMap;
     uint32_t rowCount = 0;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "jet/fault.h"
+#include "jet/indexverifier.h"
 #include "jet/longvalue.h"
 #include "jet/mapverifier.h"
 #include "jet/pager.h"
@@ -47,8 +48,9 @@ TableSummary TableVerifier::verify() {
         for (const uint32_t page : longColumns_.back().pages)
             verifyPage(page, page::kLongValueOwner);
     }
-    for (const RowId map : definition_.indexMaps) {
-        const std::vector<uint32_t> pages = claimMaps(map, RowId{}, PageUse::Index);
+    for (const Index& index : definition_.indexes) {
+        indexPages_.push_back(claimMaps(index.ownedMap, RowId{}, PageUse::Index));
+        const std::vector<uint32_t>& pages = indexPages_.back();
         summary_.indexPages += static_cast<uint32_t>(pages.size());
         for (const uint32_t page : pages)
             verifyIndexPage(page);
@@ -58,7 +60,18 @@ TableSummary TableVerifier::verify() {
     verifyRows();
     for (LongColumn& values : longColumns_)
         verifyLongValues(values);
+    verifyIndexes();
     return summary_;
+}
+
+void TableVerifier::verifyIndexes() {
+    std::sort(rows_.begin(), rows_.end());
+    for (size_t i = 0; i < definition_.indexes.size(); ++i) {
+        findings_.attempt([&] {
+            IndexVerifier(pager_, definition_, definition_.indexes[i], indexPages_[i], findings_)
+                .verify(rows_);
+        });
+    }
 }
 
 // The pages of the owned map, claimed; those with room must be among them. System tables have long
@@ -121,6 +134,7 @@ void TableVerifier::verifyRowsOn(uint32_t page) {
             continue;
         }
         ++summary_.rows;
+        rows_.push_back(id);
         findings_.attempt([&] {
             if (flags == slot::kPointer) {
                 const RowId target = rowTarget(pager_, id, definition_.page);

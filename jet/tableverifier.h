@@ -32,7 +32,8 @@ class TableVerifier {
                   Findings& findings);
 
     // Claims the table's pages and checks each; then, unless it is a table of Access itself, whose
-    // counts drift and whose long values have other owners, follows every row and every long value.
+    // counts drift and whose long values have other owners, follows every row, every long value and
+    // every index.
     TableSummary verify();
 
   private:
@@ -46,6 +47,7 @@ class TableVerifier {
     std::vector<uint32_t> claimMaps(RowId owned, RowId withRoom, PageUse use);
     void verifyPage(uint32_t page, uint32_t owner);
     void verifyIndexPage(uint32_t page);
+    void verifyIndexes();
     void verifyRows();
     void verifyRowsOn(uint32_t page);
     void verifyRow(uint32_t page, RowView row);
@@ -62,8 +64,10 @@ class TableVerifier {
     TableSummary summary_;
     std::vector<uint32_t> rowPages_;
     std::vector<LongColumn> longColumns_;
-    std::vector<RowId> moveTargets_;  // where pointer slots lead
-    std::vector<RowId> movedRows_;    // slots marked as such targets
+    std::vector<std::vector<uint32_t>> indexPages_;  // by index
+    std::vector<RowId> rows_;                        // live ones
+    std::vector<RowId> moveTargets_;                 // where pointer slots lead
+    std::vector<RowId> movedRows_;                   // slots marked as such targets
 };
 
 }  // namespace jet

@@ -252,6 +252,88 @@ TEST(VerifierTest, AnAbsentFileIsAnError) {
               static_cast<int>(base::ErrorNumber::FileNotFoundByEngine));
 }
 
+// An index of Access's own, of which one thing is spoiled. Its first leaf is that of a table whose
+// rows are spread over several: 256 of them.
+class SpoiledIndex : public testing::Test {
+  protected:
+    void SetUp() override {
+        bytes_ = sampleFile("testIndexCodesV1997.mdb");
+        if (bytes_.empty()) GTEST_SKIP() << "no samples here";
+        fakes::FaultyFileStore files;
+        files.put(kPath, bytes_);
+        const auto store = Store::open(files, kPath);
+        for (const Index& index : store->table(u"Table14").definition().indexes) {
+            root_ = index.root;
+            if (page(root_)[0] == page::kTypeIndexNode) break;
+        }
+        ASSERT_EQ(page(root_)[0], page::kTypeIndexNode);
+        const uint32_t end = endOf(root_, 0);
+        leaf_ = 0;
+        for (uint32_t at = end - 4; at < end; ++at)
+            leaf_ = leaf_ << 8 | entries(root_)[at];
+        ASSERT_EQ(page(leaf_)[0], page::kTypeIndexLeaf);
+    }
+
+    uint8_t* page(uint32_t number) { return bytes_.data() + size_t{number} * jet3.pageSize; }
+    uint8_t* entries(uint32_t number) { return page(number) + jet3.indexPage.entries; }
+    // Where an entry of a page ends.
+    uint32_t endOf(uint32_t number, uint32_t entry) {
+        for (uint32_t at = 1;; ++at) {
+            const bool ends =
+                (page(number)[jet3.indexPage.entryEnds + at / 8] >> (at % 8) & 1) != 0;
+            if (ends && entry-- == 0) return at;
+        }
+    }
+    void expectFinding(const std::string& text) const {
+        EXPECT_THAT(faultsIn(bytes_), Contains(HasSubstr(text)));
+    }
+
+    FileBytes bytes_;
+    uint32_t root_ = 0;
+    uint32_t leaf_ = 0;
+};
+
+TEST_F(SpoiledIndex, NamesWhatIsNoRow) {
+    entries(leaf_)[endOf(leaf_, 3) - 1] = 0xF0;
+    expectFinding("Un index nomme un enregistrement qui n'existe pas.");
+    expectFinding("Un enregistrement manque dans un index.");
+}
+
+TEST_F(SpoiledIndex, NamesARowTwice) {
+    std::copy_n(entries(leaf_) + endOf(leaf_, 3) - 4, 4, entries(leaf_) + endOf(leaf_, 4) - 4);
+    expectFinding("Un index nomme deux fois le même enregistrement.");
+}
+
+TEST_F(SpoiledIndex, IsOutOfOrder) {
+    entries(leaf_)[endOf(leaf_, 2)] = 0xFE;
+    expectFinding("Les entrées d'un index ne sont pas dans leur ordre.");
+}
+
+TEST_F(SpoiledIndex, LeadsOutOfItsPages) {
+    entries(root_)[endOf(root_, 0) - 1] = 1;
+    expectFinding("un index mène à une page qui n'est pas à lui");
+}
+
+TEST_F(SpoiledIndex, LeadsToOnePageTwice) {
+    put32(page(root_) + jet3.indexPage.tail, leaf_);
+    expectFinding("un index mène deux fois à une page");
+}
+
+TEST_F(SpoiledIndex, DoesNotChainItsLeaves) {
+    put32(page(leaf_) + jet3.indexPage.next, leaf_);
+    expectFinding("La page d'index ne suit pas celle qui est devant elle.");
+}
+
+TEST_F(SpoiledIndex, MiscountsTheRoomOfAPage) {
+    page(leaf_)[page::kFreeBytes] ^= 1;
+    expectFinding("La place libre notée dans la page d'index est fausse.");
+}
+
+TEST_F(SpoiledIndex, AnnouncesALeafByALowerEntry) {
+    std::fill_n(entries(root_) + 1, 3, uint8_t{0});
+    expectFinding("Une entrée d'index dépasse celle qui annonce sa page.");
+}
+
 class SoundSampleTest : public testing::TestWithParam<const char*> {};
 
 TEST_P(SoundSampleTest, HasNoFinding) {
