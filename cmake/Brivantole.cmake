@@ -9,6 +9,9 @@ target_compile_options(brivantole_options INTERFACE
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     target_compile_options(brivantole_options INTERFACE -Wno-restrict)
 endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    target_compile_options(brivantole_options INTERFACE -Wreserved-identifier)
+endif()
 if(WIN32)
     target_compile_definitions(brivantole_options INTERFACE
         UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN WINVER=0x0601 _WIN32_WINNT=0x0601)

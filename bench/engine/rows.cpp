@@ -58,9 +58,11 @@ std::vector<Row> rowsOfCd(size_t cd) {
         }
         const std::string_view extension = type(chance);
         const std::string song = title(chance, 4);
-        const std::string nom = song + " - " + artistName;
-        const std::string fichier =
-            folder + twoDigits(track) + " - " + song + "." + lowerCase(extension);
+        std::string nom = song;
+        nom.append(" - ").append(artistName);
+        std::string fichier = folder;
+        fichier.append(twoDigits(track)).append(" - ").append(song).append(".");
+        fichier.append(lowerCase(extension));
         Row row;
         row.nom = text(nom);
         row.fichier = text(fichier);

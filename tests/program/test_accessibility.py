@@ -72,6 +72,7 @@ def program(desktop):
 @contextlib.contextmanager
 def dialog(main, opened):
     yield opened
+    main.program.form(opened.name)  # gets the keys again when a dialog in front of it has just gone
     main.desktop.keys("Escape")
     opened.wait_gone()
 

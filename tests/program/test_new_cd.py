@@ -322,11 +322,13 @@ def test_paths_beyond_260_characters_are_catalogued(program, other_medium, tmp_p
     assert (row["Taille"], row["Nom"]) == (64, "Fin")
 
 
-def test_a_full_disk_loses_nothing(desktop, small_disk):
+def test_a_full_disk_loses_nothing(desktop, small_disk, other_medium, tmp_path):
     program = Program(desktop, small_disk.folder)
     main = program.open()
     add_cd(main, "Avant")
-    small_disk.fill()
+    # The list of the files found fits in, their rows do not.
+    small_disk.fill(room=1 << 15)
+    other_medium(medium.write(tmp_path / "m", {f"{n}.mid": medium.mid() for n in range(1000)}))
     dialog = open_new_cd(main)
     program.desktop.type("Après")
     dialog.CommandNouveauOK.click()

@@ -28,14 +28,15 @@ class SmallDisk:
         for path in SHIPPED:
             shutil.copy(path, self.folder)
 
-    def fill(self):
-        """Leaves no room at all."""
+    def fill(self, room=0):
+        """Leaves room for so many bytes."""
         with open(self.folder / "ballast", "wb", buffering=0) as ballast:
             try:
                 while True:
                     ballast.write(bytes(4096))
             except OSError:
                 pass
+            ballast.truncate(max(0, ballast.tell() - room))
 
     def empty(self):
         (self.folder / "ballast").unlink()
