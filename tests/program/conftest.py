@@ -1,4 +1,5 @@
 """Fixtures of the program tests, what a failure leaves behind, and the count at the end."""
+import contextlib
 import json
 import pathlib
 import re
@@ -25,11 +26,10 @@ def desktop(album_folder):
 
 
 @pytest.fixture
-def program(desktop, request):
+def program(desktop):
     """The program, not started, in a folder of its own with the files as shipped."""
     with Program(desktop) as made:
         yield made
-        keep_what_failed(request.node, made)
     desktop.tidy()
 
 
@@ -44,9 +44,6 @@ def small_disk():
 
 
 def keep_what_failed(node, program):
-    report = getattr(node, "report_of_call", None)
-    if report is None or not report.failed:
-        return
     folder = paths.ARTIFACTS / re.sub(r"[^\w.-]+", "_", node.nodeid)
     shutil.rmtree(folder, ignore_errors=True)
     folder.mkdir(parents=True)
@@ -63,8 +60,13 @@ def keep_what_failed(node, program):
 @pytest.hookimpl(hookwrapper=True)
 def pytest_runtest_makereport(item, call):
     outcome = yield
-    if call.when == "call":
-        item.report_of_call = outcome.get_result()
+    if call.when != "call" or not outcome.get_result().failed:
+        return
+    programs = {value if isinstance(value, Program) else getattr(value, "program", None)
+                for value in item.funcargs.values()}
+    for program in programs - {None}:
+        with contextlib.suppress(Exception):  # the failure itself is what the reader wants to see
+            keep_what_failed(item, program)
 
 
 def pytest_sessionstart(session):
