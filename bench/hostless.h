@@ -3,11 +3,18 @@
 
 #include <windows.h>
 
+#include <psapi.h>
+
+#include <cstdio>
+#include <exception>
 #include <string>
 #include <string_view>
 
 #include "base/error.h"
+#include "base/text.h"
+#include "catalogue/startup.h"
 #include "platform/messages.h"
+#include "platform/win32/filesystem.h"
 
 namespace bench {
 
@@ -27,6 +34,38 @@ inline double secondsNow() {
     QueryPerformanceFrequency(&frequency);
     QueryPerformanceCounter(&now);
     return static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+// Makes a catalogue of a folder: a copy of the file `empty`. Gives the folder as the program's own,
+// with its backslash.
+inline std::u16string copyCatalogue(const std::u16string& empty, std::u16string folder) {
+    folder = catalogue::AppPath(folder);
+    platform::win32::Win32FileSystem files;
+    files.replaceFile(folder + u"Brivantole.mdb", platform::readWholeFile(files, empty));
+    return folder;
+}
+
+inline PROCESS_MEMORY_COUNTERS memoryOfProcess() {
+    PROCESS_MEMORY_COUNTERS counters{};
+    counters.cb = sizeof counters;
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters;
+}
+
+// The body of a program that takes three arguments: calls `run` with them and gives its exit code.
+template <typename Run>
+int runWithThree(const char* usage, int count, char** arguments, Run run) {
+    if (count != 4) {
+        std::fprintf(stderr, "%s\n", usage);
+        return 2;
+    }
+    try {
+        run(std::string(arguments[1]), base::fromUtf8(arguments[2]), base::fromUtf8(arguments[3]));
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "%s: %s\n", arguments[0], error.what());
+        return 1;
+    }
+    return 0;
 }
 
 }  // namespace bench

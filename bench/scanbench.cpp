@@ -3,8 +3,6 @@
 // step to the committed last row, the rows, and the greatest memory the process had, in bytes.
 #include <windows.h>
 
-#include <psapi.h>
-
 #include <cstdio>
 #include <string>
 
@@ -16,7 +14,6 @@
 #include "platform/win32/filestore.h"
 #include "platform/win32/filesystem.h"
 #include "platform/win32/locale.h"
-#include "platform/win32/path.h"
 #include "scan/scandrive.h"
 
 namespace {
@@ -32,17 +29,9 @@ class NoWindow : public scan::ScanView {
     void setWaitingCaption(std::u16string_view) override {}
 };
 
-size_t peakMemory() {
-    PROCESS_MEMORY_COUNTERS counters{};
-    counters.cb = sizeof counters;
-    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
-    return counters.PeakWorkingSetSize;
-}
-
-void run(const std::u16string& drive, const std::u16string& empty, std::u16string folder) {
-    folder = catalogue::AppPath(folder);
+void run(const std::string& drive, const std::u16string& empty, const std::u16string& target) {
+    const std::u16string folder = bench::copyCatalogue(empty, target);
     Win32FileSystem files;
-    files.replaceFile(folder + u"Brivantole.mdb", platform::readWholeFile(files, empty));
     Win32FileStore store;
     Win32Drives drives;
     NoMessages messages;
@@ -52,7 +41,7 @@ void run(const std::u16string& drive, const std::u16string& empty, std::u16strin
 
     catalogue::Settings settings;
     catalogue::ResetDefaultExtensions(settings);
-    settings.CdRomDrive = drive;
+    settings.CdRomDrive = base::fromUtf8(drive);
     settings.ScanCdName = u"Banc d'essai";
     scan::ScanState state;
     const scan::ScanTools tools{{files, messages, codePage}, drives, *database, folder};
@@ -61,22 +50,11 @@ void run(const std::u16string& drive, const std::u16string& empty, std::u16strin
     scan::ScanDriveIntoCatalogue(tools, settings, state, window);
     const double seconds = secondsNow() - start;
     const size_t rows = database->OpenRecordset(u"ListDonnees")->RecordCount();
-    std::printf("%.6f %llu %llu\n", seconds, rows, peakMemory());
+    std::printf("%.6f %llu %llu\n", seconds, rows, bench::memoryOfProcess().PeakWorkingSetSize);
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
-    if (count != 4) {
-        std::fputs("scanbench DRIVE CATALOGUE FOLDER\n", stderr);
-        return 2;
-    }
-    try {
-        run(base::fromUtf8(arguments[1]), base::fromUtf8(arguments[2]),
-            base::fromUtf8(arguments[3]));
-    } catch (const std::exception& error) {
-        std::fprintf(stderr, "scanbench: %s\n", error.what());
-        return 1;
-    }
-    return 0;
+    return bench::runWithThree("scanbench DRIVE CATALOGUE FOLDER", count, arguments, run);
 }
