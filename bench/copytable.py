@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """copytable.py NAME BARE OURS: a row of the table of copies beside the system's bare call.
 
-Each file holds a line for each round: seconds, files, bytes.
+Each file holds a line for each round: seconds, files, bytes. The ratio is the median of the rounds'
+own ratios, with half the distance between their quartiles.
 """
 import statistics
 import sys
@@ -19,8 +20,11 @@ def main():
         sys.exit("copytable: not the same files")
     _, files, size = bare[0]
     times = [statistics.median(row[0] for row in half) for half in (bare, ours)]
+    ratios = [own[0] / plain[0] for plain, own in zip(bare, ours, strict=True)]
+    first, _, third = statistics.quantiles(ratios, n=4, method="inclusive")
     print(f"{name:<14} {files:5} files {size / 1e6:7.1f} MB   bare {times[0]:7.3f} s   "
-          f"ours {times[1]:7.3f} s   ratio {times[1] / times[0]:5.2f}")
+          f"ours {times[1]:7.3f} s   ratio {statistics.median(ratios):5.2f} "
+          f"±{(third - first) / 2:.2f}")
 
 
 if __name__ == "__main__":

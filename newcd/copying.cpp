@@ -1,6 +1,8 @@
 #include "newcd/copying.h"
 
 #include <algorithm>
+#include <span>
+#include <vector>
 
 #include "base/error.h"
 #include "newcd/conflictnames.h"
@@ -11,9 +13,9 @@
 namespace newcd {
 namespace {
 
-// The longest file that is read ahead of its turn, bytes. Its name then costs no time on the drive;
-// a longer one would keep a stop waiting, and its name costs little beside it.
-constexpr int64_t kLongestAhead = int64_t{1} << 20;
+// How much is read ahead of its turn, bytes: it lies on the disk twice over if all goes wrong, and
+// a stop may have to wait for one of these files.
+constexpr int64_t kMostBytesAhead = int64_t{8} << 20;
 
 void createFolders(platform::FileCopier& copier, const CopyTarget& target) {
     for (const std::u16string& folder : target.foldersToCreate) {
@@ -60,7 +62,7 @@ class CopiedBytes {
 
 // Gives false when the name was taken between the test and the copy's end.
 bool tryCopy(const RunTools& tools, const Track& track, std::u16string_view target,
-             std::u16string_view next, CopiedBytes& bytes, CopyWindow& window) {
+             std::span<const std::u16string_view> next, CopiedBytes& bytes, CopyWindow& window) {
     try {
         tools.copier.copy(track.path, target, next, [&](uint64_t done) {
             bytes.show(static_cast<int64_t>(done), track.size);
@@ -78,13 +80,6 @@ CopyTarget targetOf(const RunTools& tools, const Track& track) {
     return copyTarget(tools.settings.CopyDestination, track.path, tools.settings.CopyOption3 != 0);
 }
 
-// The file that may be read while the one before it is given its name in `folder`.
-std::u16string_view readAhead(const RunTools& tools, const Track& next,
-                              std::u16string_view folder) {
-    if (next.path.empty() || next.size > kLongestAhead) return {};
-    return targetOf(tools, next).folder == folder ? next.path : std::u16string_view();
-}
-
 // The first checked position from `position` on; the list's length when there is none.
 size_t checkedFrom(const RunState& run, size_t position) {
     while (position < run.checked.size() && !run.checked[position])
@@ -92,20 +87,36 @@ size_t checkedFrom(const RunState& run, size_t position) {
     return position;
 }
 
-// `next` is the track to be copied afterwards, empty after the last.
-void copyTrack(const RunTools& tools, RunState& run, const Track& track, const Track& next,
-               CopiedBytes& bytes, CopyWindow& window) {
+// The files after `position` that may be read while the ones before them are given their names in
+// `folder`.
+std::vector<std::u16string_view> readAhead(const RunTools& tools, const RunState& run,
+                                           size_t position, std::u16string_view folder) {
+    std::vector<std::u16string_view> sources;
+    int64_t bytes = 0;
+    while (sources.size() < platform::FileCopier::kMostAhead) {
+        position = checkedFrom(run, position + 1);
+        if (position >= run.checked.size()) break;
+        const Track track = run.tables.track(position + 1, 0);
+        bytes += track.size;
+        if (bytes > kMostBytesAhead || targetOf(tools, track).folder != folder) break;
+        sources.push_back(track.path);
+    }
+    return sources;
+}
+
+void copyTrack(const RunTools& tools, RunState& run, size_t position, CopiedBytes& bytes,
+               CopyWindow& window) {
+    const Track track = run.tables.track(position + 1, 0);
     const CopyTarget target = targetOf(tools, track);
+    const std::vector<std::u16string_view> next = readAhead(tools, run, position, target.folder);
     createFolders(tools.copier, target);
     run.CopyFileName = target.name;
     for (;;) {
         while (tools.copier.opens(pathIn(target.folder, run.CopyFileName)))
             chooseNewName(run, window);
         window.showProgress(copyProgress(track.path, track.title));
-        if (tryCopy(tools, track, pathIn(target.folder, run.CopyFileName),
-                    readAhead(tools, next, target.folder), bytes, window)) {
+        if (tryCopy(tools, track, pathIn(target.folder, run.CopyFileName), next, bytes, window))
             return;
-        }
         chooseNewName(run, window);
     }
 }
@@ -126,13 +137,11 @@ class Copies {
 bool copyChecked(const RunTools& tools, RunState& run, CopyWindow& window) {
     const Copies copies(tools.copier);
     CopiedBytes bytes(run, window);
-    for (size_t position = checkedFrom(run, 0); position < run.checked.size();) {
-        const size_t next = checkedFrom(run, position + 1);
-        copyTrack(tools, run, run.tables.track(position + 1, 0), run.tables.track(next + 1, 0),
-                  bytes, window);
+    for (size_t position = checkedFrom(run, 0); position < run.checked.size();
+         position = checkedFrom(run, position + 1)) {
+        copyTrack(tools, run, position, bytes, window);
         window.yield();
         if (run.stopRequested()) return false;
-        position = next;
     }
     return true;
 }

@@ -1,8 +1,10 @@
 // Copying files to a place where nothing may be overwritten, as the logic sees it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <span>
 #include <string_view>
 
 namespace platform {
@@ -13,6 +15,8 @@ using CopyProgress = std::function<void(uint64_t done)>;
 
 class FileCopier {
   public:
+    static constexpr size_t kMostAhead = 8;
+
     virtual ~FileCopier() = default;
     // Creates one folder, whose parent must exist. Throws base::Error when it cannot, also when
     // the folder is there already.
@@ -22,11 +26,11 @@ class FileCopier {
     virtual bool opens(std::u16string_view path) = 0;
     // Copies the file `source` with its time stamp. Under the name `target` appears the whole
     // file or, when this throws, nothing new: what is there already stays as it is and is error
-    // FileAlreadyExists, even when it came up while the copy went on. `next` is the file that is
-    // most likely to be copied after this one, to the same folder; empty when there is none. It
-    // may be read already while this one is given its name, under a name of its own.
+    // FileAlreadyExists, even when it came up while the copy went on. `next` are the files that are
+    // most likely to be copied after this one, to the same folder and in their order, kMostAhead at
+    // most. They may be read already while this one is given its name, under names of their own.
     virtual void copy(std::u16string_view source, std::u16string_view target,
-                      std::u16string_view next, const CopyProgress& progress) = 0;
+                      std::span<const std::u16string_view> next, const CopyProgress& progress) = 0;
     // Ends a row of copies: what was read ahead goes from the disk.
     virtual void endCopies() = 0;
 };

@@ -1,24 +1,9 @@
 #include "platform/win32/backgroundcopy.h"
 
 #include "platform/win32/path.h"
-#include "platform/win32/systemerror.h"
 
 namespace platform::win32 {
 namespace {
-
-// How long the caller's windows may wait for a report, milliseconds.
-constexpr DWORD kReportInterval = 15;
-
-class Locked {
-  public:
-    explicit Locked(SRWLOCK& lock) : lock_(lock) { AcquireSRWLockExclusive(&lock_); }
-    Locked(const Locked&) = delete;
-    Locked& operator=(const Locked&) = delete;
-    ~Locked() { ReleaseSRWLockExclusive(&lock_); }
-
-  private:
-    SRWLOCK& lock_;
-};
 
 uint64_t sizeOf(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -36,39 +21,15 @@ BackgroundCopy::BackgroundCopy(std::u16string_view source, std::u16string_view t
     : source_(source),
       scratch_(target, number),
       sourcePath_(extendedPath(source)),
-      scratchPath_(extendedPath(scratch_.path())) {
-    if (!QueueUserWorkItem(run, this, WT_EXECUTELONGFUNCTION)) throw systemError(GetLastError());
-}
-
-BackgroundCopy::~BackgroundCopy() {
-    cancel_ = TRUE;
-    // The thread uses the object up to the copy's end.
-    while (!wait()) {
-    }
-}
-
-bool BackgroundCopy::wait() {
-    const Locked locked(lock_);
-    if (!ended_) SleepConditionVariableSRW(&end_, &lock_, kReportInterval, 0);
-    return ended_;
-}
+      scratchPath_(extendedPath(scratch_.path())) {}
 
 uint64_t BackgroundCopy::done() const {
     // Not every system tells how far it is; the file that grows does, then.
     return reports_ ? done_.load() : sizeOf(scratchPath_);
 }
 
-bool BackgroundCopy::isBeside(std::u16string_view target) const {
-    return folderOf(scratch_.path()) == folderOf(target);
-}
-
-DWORD WINAPI BackgroundCopy::run(void* data) noexcept {
-    auto& self = *static_cast<BackgroundCopy*>(data);
-    self.error_ = self.copy();
-    const Locked locked(self.lock_);
-    self.ended_ = true;
-    WakeConditionVariable(&self.end_);
-    return 0;
+bool BackgroundCopy::isOf(std::u16string_view source, std::u16string_view target) const {
+    return source_ == source && folderOf(scratch_.path()) == folderOf(target);
 }
 
 DWORD BackgroundCopy::copy() {
@@ -80,8 +41,9 @@ DWORD BackgroundCopy::copy() {
 }
 
 DWORD BackgroundCopy::copyOnce() {
-    const BOOL copied =
-        CopyFileExW(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this, &cancel_, 0);
+    // Where it may overwrite, the system first looks whether both are the same file.
+    const BOOL copied = CopyFileExW(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this,
+                                    &cancel_, COPY_FILE_FAIL_IF_EXISTS);
     return copied ? ERROR_SUCCESS : GetLastError();
 }
 

@@ -3,24 +3,13 @@
 #include <windows.h>
 
 #include <string>
-#include <utility>
 
 #include "platform/win32/handle.h"
 #include "platform/win32/path.h"
+#include "platform/win32/scratchfile.h"
 #include "platform/win32/systemerror.h"
 
 namespace platform::win32 {
-namespace {
-
-// Sees `copy` to its end; false for an error.
-bool succeeds(BackgroundCopy& copy, const CopyProgress& progress) {
-    while (!copy.wait())
-        progress(copy.done());
-    return copy.error() == ERROR_SUCCESS;
-}
-
-}  // namespace
-
 void Win32FileCopier::createFolder(std::u16string_view path) {
     if (!CreateDirectoryW(extendedPath(path).c_str(), nullptr)) {
         throw systemError(GetLastError(), path);
@@ -40,37 +29,51 @@ bool Win32FileCopier::opens(std::u16string_view path) {
 }
 
 void Win32FileCopier::copy(std::u16string_view source, std::u16string_view target,
-                           std::u16string_view next, const CopyProgress& progress) {
-    std::unique_ptr<BackgroundCopy> copy = takeAhead(source, target);
-    if (!copy || !succeeds(*copy, progress)) {
-        // What failed ahead of its time may succeed in its turn.
-        copy = start(source, target);
-        if (!succeeds(*copy, progress)) {
-            throw systemError(copy->error(),
-                              std::u16string(source) + u" → " + std::u16string(target));
-        }
+                           std::span<const std::u16string_view> next,
+                           const CopyProgress& progress) {
+    const std::u16string_view folder = target.substr(0, target.rfind(u'\\') + 1);
+    if (folder != folder_) removeAbandonedScratch(folder);
+    folder_ = folder;
+    if (!queue_) queue_.emplace();
+    try {
+        copied(source, target, next, progress)->moveTo(target);
+    } catch (...) {
+        queue_->clear();
+        throw;
     }
-    if (!next.empty()) ahead_ = start(next, target);
-    copy->moveTo(target);
     names_.add(target);
 }
 
 void Win32FileCopier::endCopies() {
-    ahead_.reset();
+    queue_.reset();
+    folder_.clear();
     names_.forget();
 }
 
-std::unique_ptr<BackgroundCopy> Win32FileCopier::start(std::u16string_view source,
-                                                       std::u16string_view target) {
-    number_ = 1 - number_;
-    return std::make_unique<BackgroundCopy>(source, target, number_);
+std::unique_ptr<BackgroundCopy> Win32FileCopier::firstEnded(const CopyProgress& progress) {
+    while (!queue_->waitForFirst())
+        progress(queue_->first().done());
+    return queue_->takeFirst();
 }
 
-std::unique_ptr<BackgroundCopy> Win32FileCopier::takeAhead(std::u16string_view source,
-                                                           std::u16string_view target) {
-    std::unique_ptr<BackgroundCopy> copy = std::exchange(ahead_, nullptr);
-    if (!copy || copy->source() != source || !copy->isBeside(target)) return nullptr;
-    return copy;
+std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(std::u16string_view source,
+                                                        std::u16string_view target,
+                                                        std::span<const std::u16string_view> next,
+                                                        const CopyProgress& progress) {
+    for (bool ahead = queue_->startsWith(source, target);; ahead = false) {
+        if (!ahead) {
+            queue_->clear();
+            queue_->add(source, target);
+        }
+        for (const std::u16string_view follower : next) {
+            if (!queue_->holds(follower, target)) queue_->add(follower, target);
+        }
+        std::unique_ptr<BackgroundCopy> copy = firstEnded(progress);
+        if (copy->error() == ERROR_SUCCESS) return copy;
+        // What failed ahead of its time may succeed in its turn.
+        if (ahead) continue;
+        throw systemError(copy->error(), std::u16string(source) + u" → " + std::u16string(target));
+    }
 }
 
 }  // namespace platform::win32

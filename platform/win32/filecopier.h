@@ -2,9 +2,11 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
 #include "platform/filecopier.h"
-#include "platform/win32/backgroundcopy.h"
+#include "platform/win32/copyqueue.h"
 #include "platform/win32/foldernames.h"
 
 namespace platform::win32 {
@@ -13,19 +15,20 @@ class Win32FileCopier : public FileCopier {
   public:
     void createFolder(std::u16string_view path) override;
     bool opens(std::u16string_view path) override;
-    void copy(std::u16string_view source, std::u16string_view target, std::u16string_view next,
-              const CopyProgress& progress) override;
+    void copy(std::u16string_view source, std::u16string_view target,
+              std::span<const std::u16string_view> next, const CopyProgress& progress) override;
     void endCopies() override;
 
   private:
-    std::unique_ptr<BackgroundCopy> start(std::u16string_view source, std::u16string_view target);
-    // The copy of `source` that was started ahead, if it can become `target`.
-    std::unique_ptr<BackgroundCopy> takeAhead(std::u16string_view source,
-                                              std::u16string_view target);
+    // Sees the first copy of the queue to its end, and hands it out.
+    std::unique_ptr<BackgroundCopy> firstEnded(const CopyProgress& progress);
+    std::unique_ptr<BackgroundCopy> copied(std::u16string_view source, std::u16string_view target,
+                                           std::span<const std::u16string_view> next,
+                                           const CopyProgress& progress);
 
-    std::unique_ptr<BackgroundCopy> ahead_;
+    std::optional<CopyQueue> queue_;  // as long as a row of copies goes on
+    std::u16string folder_;           // the one copied to last in the row, as far as its backslash
     FolderNames names_;
-    int number_ = 1;  // of the copy started last, 0 or 1: at most two are under way
 };
 
 }  // namespace platform::win32

@@ -1,30 +1,47 @@
 #include "platform/win32/scratchfile.h"
 
+#include <cstdint>
 #include <cstring>
+#include <optional>
 #include <vector>
 
-#include "base/number.h"
-#include "base/text.h"
+#include "platform/scratchname.h"
+#include "platform/win32/handle.h"
 #include "platform/win32/path.h"
 #include "platform/win32/rawfile.h"
 #include "platform/win32/systemerror.h"
+#include "platform/win32/wide.h"
 
 namespace platform::win32 {
 namespace {
 
 constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
-std::u16string scratchName(int number) {
-    std::u16string name = u"~Brivantole" + base::trim(base::strNumber(GetCurrentProcessId()));
-    if (number > 0) name += u'-' + base::trim(base::strNumber(number));
-    return name + u".tmp";
+bool runs(uint32_t process) {
+    const KernelHandle handle(OpenProcess(SYNCHRONIZE, FALSE, process));
+    // A process that may not be opened runs.
+    if (!handle) return GetLastError() != ERROR_INVALID_PARAMETER;
+    return WaitForSingleObject(handle.get(), 0) != WAIT_OBJECT_0;
+}
+
+bool isOnNetwork(std::u16string_view folder) {
+    const std::wstring root(folder.begin(), folder.begin() + folder.find(u'\\') + 1);
+    return GetDriveTypeW(root.c_str()) == DRIVE_REMOTE;
+}
+
+void removeFile(std::u16string_view path) {
+    const std::wstring name = extendedPath(path);
+    if (DeleteFileW(name.c_str()) || GetLastError() != ERROR_ACCESS_DENIED) return;
+    // Files of a CD are read-only, and so is their copy; the system deletes no such file.
+    SetFileAttributesW(name.c_str(), FILE_ATTRIBUTE_NORMAL);
+    DeleteFileW(name.c_str());
 }
 
 }  // namespace
 
 ScratchFile::ScratchFile(std::u16string_view target, int number)
     : path_(target.substr(0, target.rfind(u'\\') + 1)) {
-    path_ += scratchName(number);
+    path_ += scratchName(GetCurrentProcessId(), static_cast<uint32_t>(number));
 }
 
 ScratchFile::~ScratchFile() {
@@ -57,11 +74,22 @@ void ScratchFile::replace(std::u16string_view target) {
 }
 
 void ScratchFile::remove() const {
-    const std::wstring path = extendedPath(path_);
-    if (DeleteFileW(path.c_str()) || GetLastError() != ERROR_ACCESS_DENIED) return;
-    // Files of a CD are read-only, and so is their copy; the system deletes no such file.
-    SetFileAttributesW(path.c_str(), FILE_ATTRIBUTE_NORMAL);
-    DeleteFileW(path.c_str());
+    removeFile(path_);
+}
+
+void removeAbandonedScratch(std::u16string_view folder) {
+    if (isOnNetwork(folder)) return;
+    WIN32_FIND_DATAW found{};
+    const FindHandle search(FindFirstFileExW((extendedPath(folder) + L"~Brivantole*.tmp").c_str(),
+                                             FindExInfoBasic, &found, FindExSearchNameMatch,
+                                             nullptr, FIND_FIRST_EX_LARGE_FETCH));
+    if (!search) return;
+    do {
+        const std::u16string name = fromWide(found.cFileName);
+        const std::optional<uint32_t> owner = scratchOwner(name);
+        const bool isFile = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+        if (owner && isFile && !runs(*owner)) removeFile(std::u16string(folder) + name);
+    } while (FindNextFileW(search.get(), &found));
 }
 
 }  // namespace platform::win32

@@ -35,4 +35,8 @@ class ScratchFile {
     bool moved_ = false;
 };
 
+// Removes from `folder` (with its backslash) the files under way of programs that run no more. On a
+// network drive nothing is removed: whose such a file is, only its own machine knows.
+void removeAbandonedScratch(std::u16string_view folder);
+
 }  // namespace platform::win32

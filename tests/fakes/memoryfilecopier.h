@@ -3,6 +3,7 @@
 
 #include <deque>
 #include <functional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,8 +27,9 @@ class MemoryFileCopier : public platform::FileCopier {
     using Copied = std::pair<std::u16string, std::u16string>;
     const std::vector<Copied>& copied() const { return copied_; }
     const std::vector<std::u16string>& createdFolders() const { return createdFolders_; }
-    // The file announced with every copy that succeeded.
-    const std::vector<std::u16string>& announced() const { return announced_; }
+    // The files announced with every copy that succeeded.
+    using Paths = std::vector<std::u16string>;
+    const std::vector<Paths>& announced() const { return announced_; }
     // How many rows of copies have ended.
     int rowsEnded() const { return rowsEnded_; }
 
@@ -39,7 +41,8 @@ class MemoryFileCopier : public platform::FileCopier {
         createdFolders_.emplace_back(path);
     }
     bool opens(std::u16string_view path) override { return files_.content(path).has_value(); }
-    void copy(std::u16string_view source, std::u16string_view target, std::u16string_view next,
+    void copy(std::u16string_view source, std::u16string_view target,
+              std::span<const std::u16string_view> next,
               const platform::CopyProgress& progress) override {
         if (beforeCopy_) std::exchange(beforeCopy_, nullptr)();
         if (!failures_.empty()) {
@@ -56,7 +59,7 @@ class MemoryFileCopier : public platform::FileCopier {
             throw base::Error(base::ErrorNumber::FileAlreadyExists, u"Le fichier existe déjà.");
         files_.addFile(target, *bytes);
         copied_.emplace_back(source, target);
-        announced_.emplace_back(next);
+        announced_.emplace_back(next.begin(), next.end());
     }
     void endCopies() override { ++rowsEnded_; }
 
@@ -71,7 +74,7 @@ class MemoryFileCopier : public platform::FileCopier {
     std::function<void()> beforeCopy_;
     std::vector<Copied> copied_;
     std::vector<std::u16string> createdFolders_;
-    std::vector<std::u16string> announced_;
+    std::vector<Paths> announced_;
     int rowsEnded_ = 0;
 };
 

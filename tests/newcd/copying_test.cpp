@@ -270,14 +270,14 @@ TEST_F(CopyingTest, StopDuringAFileCountsAfterIt) {
     EXPECT_FALSE(window.cancelIsOk);
 }
 
-TEST_F(CopyingTest, AnnouncesTheNextFileOfTheFolder) {
+TEST_F(CopyingTest, AnnouncesTheNextFilesOfTheFolder) {
     addListed(u"Un", u"E:\\A\\1.mid");
     addListed(u"Deux", u"E:\\A\\2.mid", false);
     addListed(u"Trois", u"E:\\A\\3.mid");
     addListed(u"Quatre", u"E:\\B\\4.mid");
     addListed(u"Cinq", u"E:\\B\\5.mid", false);
     copyAll();
-    EXPECT_EQ(copier.announced(), (Paths{u"E:\\A\\3.mid", u"", u""}));
+    EXPECT_EQ(copier.announced(), (std::vector<Paths>{{u"E:\\A\\3.mid"}, {}, {}}));
 }
 
 TEST_F(CopyingTest, AnnouncesTheNextFileOfAnotherFolderWhenAllGoToOne) {
@@ -285,16 +285,32 @@ TEST_F(CopyingTest, AnnouncesTheNextFileOfAnotherFolderWhenAllGoToOne) {
     addListed(u"Un", u"E:\\A\\1.mid");
     addListed(u"Deux", u"E:\\B\\2.mid");
     copyAll();
-    EXPECT_EQ(copier.announced(), (Paths{u"E:\\B\\2.mid", u""}));
+    EXPECT_EQ(copier.announced(), (std::vector<Paths>{{u"E:\\B\\2.mid"}, {}}));
 }
 
-TEST_F(CopyingTest, AnnouncesNoFileThatWouldKeepAStopWaiting) {
-    constexpr int64_t longest = 1 << 20;
-    addListed(u"Un", u"E:\\1.mid");
-    addListed(u"Deux", u"E:\\2.mid", true, longest);
-    addListed(u"Trois", u"E:\\3.mid", true, longest + 1);
+TEST_F(CopyingTest, AnnouncesNoMoreFilesThanTheCopierTakes) {
+    constexpr size_t most = platform::FileCopier::kMostAhead;
+    for (char16_t name = u'a'; name < u'a' + most + 3; ++name)
+        addListed(u"Un", std::u16string(u"E:\\") + name + u".mid");
     copyAll();
-    EXPECT_EQ(copier.announced(), (Paths{u"E:\\2.mid", u"", u""}));
+    ASSERT_EQ(copier.announced().size(), most + 3);
+    EXPECT_EQ(copier.announced()[0].front(), u"E:\\b.mid");
+    EXPECT_EQ(copier.announced()[0].size(), most);
+    EXPECT_EQ(copier.announced()[most].size(), 2U);
+}
+
+TEST_F(CopyingTest, AnnouncesNoMoreBytesThanAStopCanWaitFor) {
+    constexpr int64_t most = int64_t{8} << 20;
+    addListed(u"Un", u"E:\\1.mid");
+    addListed(u"Deux", u"E:\\2.mid", true, most - 1);
+    addListed(u"Trois", u"E:\\3.mid", true, 1);
+    addListed(u"Quatre", u"E:\\4.mid", true, 1);
+    addListed(u"Cinq", u"E:\\5.mid", true, most + 1);
+    copyAll();
+    EXPECT_EQ(
+        copier.announced(),
+        (std::vector<Paths>{
+            {u"E:\\2.mid", u"E:\\3.mid"}, {u"E:\\3.mid", u"E:\\4.mid"}, {u"E:\\4.mid"}, {}, {}}));
 }
 
 TEST_F(CopyingTest, EndsItsRowOfCopiesBeforeTheUserSeesItsEnd) {

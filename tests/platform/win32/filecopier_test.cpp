@@ -3,13 +3,17 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
+#include <initializer_list>
 #include <random>
+#include <span>
 #include <string>
 #include <vector>
 
 #include "base/error.h"
 #include "base/number.h"
 #include "base/text.h"
+#include "platform/scratchname.h"
 #include "platform/win32/path.h"
 #include "platform/win32/rawfile.h"
 #include "tests/platform/win32/tempfolder.h"
@@ -24,8 +28,8 @@ class FileCopierTest : public testing::Test {
     std::u16string path(std::u16string_view name) const { return folder_.file(name); }
     size_t filesInFolder() const { return testing_win32::names(folder_.path()).size(); }
     void copy(std::u16string_view source, std::u16string_view target,
-              std::u16string_view next = {}) {
-        copier_.copy(source, target, next, [](uint64_t) {});
+              std::initializer_list<std::u16string_view> next = {}) {
+        copier_.copy(source, target, std::span(next.begin(), next.size()), [](uint64_t) {});
     }
     using Names = std::vector<std::u16string>;
     Names names() const { return testing_win32::names(folder_.path()); }
@@ -130,7 +134,7 @@ TEST_F(FileCopierTest, ReportsOnTheCallingThreadHowFarItIs) {
 TEST_F(FileCopierTest, ReadsTheNextFileAhead) {
     const std::u16string first = folder_.write(u"a.mp3", "first");
     const std::u16string second = folder_.write(u"b.mp3", "second");
-    copy(first, path(u"x.mp3"), second);
+    copy(first, path(u"x.mp3"), {second});
     EXPECT_EQ(testing_win32::content(path(u"x.mp3")), "first");
     const auto isAhead = [&] {
         for (const std::u16string& name : names()) {
@@ -157,11 +161,12 @@ TEST_F(FileCopierTest, ReadsARowOfFilesAhead) {
     for (int number = 0; number < files; ++number)
         sources.push_back(
             folder_.write(base::strNumber(number) + u".mid", randomBytes(size_t{1000} + number)));
-    sources.emplace_back();
     const std::u16string target = folder_.folder(u"Cible");
-    for (size_t index = 0; index + 1 < sources.size(); ++index) {
-        copy(sources[index], target + sources[index].substr(sources[index].rfind(u'\\')),
-             sources[index + 1]);
+    const std::vector<std::u16string_view> views(sources.begin(), sources.end());
+    for (size_t index = 0; index < views.size(); ++index) {
+        const auto next = std::span(views).subspan(index + 1);
+        copier_.copy(views[index], target + sources[index].substr(sources[index].rfind(u'\\')),
+                     next.first(std::min(next.size(), FileCopier::kMostAhead)), [](uint64_t) {});
     }
     ASSERT_EQ(testing_win32::names(target).size(), size_t{files});
     for (int number = 0; number < files; ++number) {
@@ -174,8 +179,8 @@ TEST_F(FileCopierTest, WhatWasReadAheadInVainGoes) {
     const std::u16string first = folder_.write(u"a.mp3", "first");
     const std::u16string second = folder_.write(u"b.mp3", "second");
     const std::u16string third = folder_.write(u"c.mp3", "third");
-    copy(first, path(u"x.mp3"), second);
-    copy(third, path(u"y.mp3"), second);
+    copy(first, path(u"x.mp3"), {second});
+    copy(third, path(u"y.mp3"), {second});
     EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "third");
     copier_.endCopies();
     EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"c.mp3", u"x.mp3", u"y.mp3"}));
@@ -185,7 +190,7 @@ TEST_F(FileCopierTest, WhatWasReadAheadForOneFolderDoesNotGoToAnother) {
     const std::u16string first = folder_.write(u"a.mp3", "first");
     const std::u16string second = folder_.write(u"b.mp3", "second");
     const std::u16string other = folder_.folder(u"Autre");
-    copy(first, path(u"x.mp3"), second);
+    copy(first, path(u"x.mp3"), {second});
     copy(second, other + u"\\y.mp3");
     EXPECT_EQ(testing_win32::content(other + u"\\y.mp3"), "second");
     EXPECT_EQ(names(), (Names{u"Autre", u"a.mp3", u"b.mp3", u"x.mp3"}));
@@ -193,11 +198,11 @@ TEST_F(FileCopierTest, WhatWasReadAheadForOneFolderDoesNotGoToAnother) {
 
 TEST_F(FileCopierTest, WhatFailedAheadMaySucceedInItsTurn) {
     const std::u16string first = folder_.write(u"a.mp3", "first");
-    copy(first, path(u"x.mp3"), path(u"b.mp3"));
+    copy(first, path(u"x.mp3"), {path(u"b.mp3")});
     const std::u16string second = folder_.write(u"b.mp3", "second");
     copy(second, path(u"y.mp3"));
     EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "second");
-    copy(first, path(u"z.mp3"), path(u"missing.mp3"));
+    copy(first, path(u"z.mp3"), {path(u"missing.mp3")});
     EXPECT_EQ(numberOf([&] { copy(path(u"missing.mp3"), path(u"w.mp3")); }),
               ErrorNumber::FileNotFound);
     EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3", u"z.mp3"}));
@@ -214,17 +219,42 @@ TEST_F(FileCopierTest, CopiesReadOnlyFiles) {
 
 TEST_F(FileCopierTest, CopiesOverWhatAKilledProgramLeft) {
     const std::u16string number = base::trim(base::strNumber(GetCurrentProcessId()));
-    for (const char16_t* end : {u".tmp", u"-1.tmp"}) {
+    for (const char16_t* end : {u"-1.tmp", u"-2.tmp"}) {
         const std::u16string left = folder_.write(u"~Brivantole" + number + end, "half a file");
         SetFileAttributesW(extendedPath(left).c_str(), FILE_ATTRIBUTE_READONLY);
     }
     const std::u16string first = folder_.write(u"a.mp3", "new");
     const std::u16string second = folder_.write(u"b.mp3", "newer");
-    copy(first, path(u"x.mp3"), second);
+    copy(first, path(u"x.mp3"), {second});
     copy(second, path(u"y.mp3"));
     EXPECT_EQ(testing_win32::content(path(u"x.mp3")), "new");
     EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "newer");
     EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3"}));
+}
+
+TEST_F(FileCopierTest, RemovesWhatEndedProgramsLeftUnderWay) {
+    // No process has a number that is no multiple of four, let alone this one.
+    constexpr uint32_t ended = 4'000'000'001;
+    for (const uint32_t number : {0U, 1U, 400U})
+        folder_.write(scratchName(ended, number), "half a file");
+    const std::u16string readOnly = folder_.write(scratchName(ended, 7), "half a file");
+    SetFileAttributesW(extendedPath(readOnly).c_str(), FILE_ATTRIBUTE_READONLY);
+    const std::u16string elsewhere = folder_.folder(u"Autre");
+    const std::u16string other = folder_.write(u"Autre\\" + scratchName(ended, 0), "elsewhere");
+    const Names stay{scratchName(GetCurrentProcessId(), 400), u"~Brivantole12.tmp.mp3",
+                     u"~Brivantole4000000001-0.tmp", u"~brivantole4000000001x.tmp"};
+    for (const std::u16string& name : stay)
+        folder_.write(name, "mine");
+    folder_.folder(scratchName(ended, 8));
+    copy(folder_.write(u"a.mp3", "content"), path(u"b.mp3"));
+    Names left = names();
+    for (const std::u16string& name : stay)
+        EXPECT_EQ(std::erase(left, name), 1U);
+    EXPECT_EQ(std::erase(left, scratchName(ended, 8)), 1U);
+    EXPECT_EQ(left, (Names{u"Autre", u"a.mp3", u"b.mp3"}));
+    EXPECT_EQ(testing_win32::content(other), "elsewhere");
+    copy(path(u"a.mp3"), elsewhere + u"\\b.mp3");
+    EXPECT_EQ(testing_win32::names(elsewhere), Names{u"b.mp3"});
 }
 
 TEST_F(FileCopierTest, WorksBeyondTheShortPathLimit) {
