@@ -53,14 +53,30 @@ int heightOfText(HWND label, int width) {
 }  // namespace
 
 void FrmInfoTitre::show(HWND InfoTitreOpener, const TrackInfo& info, std::function<void()> moved) {
-    destroy();
-    create(InfoTitreOpener);
-    showValues(info);
-    ui::placeOverOwner(window());
+    prepare(InfoTitreOpener, info);
     moved_ = std::move(moved);
     pressedAt_ = pointer();
     SetCapture(window());
     ShowWindow(window(), SW_SHOWNA);
+}
+
+void FrmInfoTitre::showForKeyboard(HWND InfoTitreOpener, const TrackInfo& info) {
+    prepare(InfoTitreOpener, info);
+    const LONG_PTR style = GetWindowLongPtrW(window(), GWL_EXSTYLE);
+    SetWindowLongPtrW(window(), GWL_EXSTYLE, style & ~LONG_PTR{WS_EX_NOACTIVATE});
+    ShowWindow(window(), SW_SHOW);
+}
+
+void FrmInfoTitre::prepare(HWND InfoTitreOpener, const TrackInfo& info) {
+    destroy();
+    create(InfoTitreOpener);
+    moved_ = nullptr;
+    showValues(info);
+    ui::placeOverOwner(window());
+}
+
+void FrmInfoTitre::onCommand(int id, int) {
+    if (id == IDOK) finish();
 }
 
 void FrmInfoTitre::showValues(const TrackInfo& info) {
@@ -91,7 +107,7 @@ void FrmInfoTitre::stretch(size_t row) {
     ui::moveWindow(window(), own);
 }
 
-std::optional<LRESULT> FrmInfoTitre::onMessage(UINT message, WPARAM, LPARAM lParam) {
+std::optional<LRESULT> FrmInfoTitre::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_RBUTTONUP:
         case WM_LBUTTONUP:
@@ -106,6 +122,10 @@ std::optional<LRESULT> FrmInfoTitre::onMessage(UINT message, WPARAM, LPARAM lPar
             drawValue(value.hDC, value.hwndItem, value.rcItem, 0);
             return TRUE;
         }
+        case WM_ACTIVATE:
+            // Later: a window cannot go while another takes its place as the active one.
+            if (LOWORD(wParam) == WA_INACTIVE) PostMessageW(window(), WM_CLOSE, 0, 0);
+            return std::nullopt;
         case WM_MOUSEMOVE:
             Form_MouseMove();
             return 0;

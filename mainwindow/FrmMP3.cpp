@@ -10,6 +10,7 @@
 #include "mainwindow/FrmMP3Size.h"
 #include "platform/win32/ui/controls.h"
 #include "platform/win32/ui/dpi.h"
+#include "platform/win32/ui/keys.h"
 #include "platform/win32/ui/place.h"
 #include "platform/win32/ui/report.h"
 #include "platform/win32/ui/windowsize.h"
@@ -74,6 +75,7 @@ void FrmMP3::show() {
 bool FrmMP3::translate(MSG& message) {
     if (TranslateAcceleratorW(window(), accelerators_.get(), &message)) return true;
     if (message.message == WM_KEYDOWN && onKeyDown(message.hwnd, message.wParam)) return true;
+    if (ui::isContextMenuKey(message) && onContextMenuKey(message.hwnd)) return true;
     // The second of two quick presses comes under a name of its own.
     if (message.message == WM_RBUTTONDOWN || message.message == WM_RBUTTONDBLCLK) {
         if (onRightMouseDown(message.hwnd, message.lParam)) return true;
@@ -94,7 +96,25 @@ bool FrmMP3::onRightMouseDown(HWND control, LPARAM place) {
     return false;
 }
 
+// The key does in each list what the right button does on the chosen row.
+bool FrmMP3::onContextMenuKey(HWND control) {
+    if (control == item(FrmMP3_List1)) {
+        menuscan_Click();
+        return true;
+    }
+    if (control == item(FrmMP3_DBList2)) {
+        DBList2_ContextMenuKey();
+        return true;
+    }
+    return false;
+}
+
 bool FrmMP3::onKeyDown(HWND control, WPARAM key) {
+    if (control == item(FrmMP3_LabelReglage)) return splitter_->onKeyDown(key);
+    if (key == VK_F6) {
+        splitter_->takeFocus();
+        return true;
+    }
     const bool inCds = control == item(FrmMP3_List1);
     const bool inTracks = control == item(FrmMP3_DBList2);
     const bool inSearch = control == item(FrmMP3_TextRech);

@@ -67,6 +67,7 @@ class FrmMP3 : public platform::win32::Dialog {
     void List1_Click();
     void List1_RightClick(int row);
     void DBList2_RightMouseDown(size_t row);
+    void DBList2_ContextMenuKey();
     void ComNouveau_Click();
     void menuscan_Click();
     void menusupprimer_Click();
@@ -88,6 +89,7 @@ class FrmMP3 : public platform::win32::Dialog {
 
     void onClick(int id);
     bool onKeyDown(HWND control, WPARAM key);
+    bool onContextMenuKey(HWND control);
     // `place`: as the message has it.
     bool onRightMouseDown(HWND control, LPARAM place);
     void onDpiChanged(const RECT& suggested);

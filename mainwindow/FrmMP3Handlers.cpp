@@ -156,6 +156,12 @@ void FrmMP3::DBList2_RightMouseDown(size_t row) {
     infoTitre_.show(window(), tracks_->info(row, program_.system, program_.settings));
 }
 
+void FrmMP3::DBList2_ContextMenuKey() {
+    const auto row = tracks_->list().marked();
+    if (!row) return;
+    infoTitre_.showForKeyboard(window(), tracks_->info(*row, program_.system, program_.settings));
+}
+
 void FrmMP3::enableCdControls(bool enabled) {
     constexpr std::array controls = {
         FrmMP3_Command1, FrmMP3_comcopier, FrmMP3_comsave, FrmMP3_Check1, FrmMP3_Check3,

@@ -1,5 +1,7 @@
 #include "mainwindow/splitter.h"
 
+#include <algorithm>
+
 #include "platform/pixels.h"
 
 namespace mainwindow {
@@ -28,6 +30,13 @@ int Splitter::mouseMove(int x, int list1Width, int dbList2Width, int dpi) {
 
 void Splitter::mouseUp() {
     SplitStartX_.reset();
+}
+
+int keyDistance(int wanted, int list1Width, int dbList2Width, int dpi) {
+    // A list that is narrower already stays as it is.
+    const int left = std::max(list1Width - platform::scaled(kNarrowestCdList, dpi), 0);
+    const int right = std::max(dbList2Width - platform::scaled(kNarrowestTrackList, dpi), 0);
+    return std::clamp(wanted, -left, right);
 }
 
 }  // namespace mainwindow

@@ -1,4 +1,4 @@
-// Dragging the bar between the CD list and the track list.
+// Moving the bar between the CD list and the track list, by the mouse and by the keyboard.
 #pragma once
 
 #include <optional>
@@ -21,5 +21,9 @@ class Splitter {
   private:
     std::optional<int> SplitStartX_;  // where the drag began or was last applied
 };
+
+// The distance by which bar and lists move when a key asks for `wanted` (negative: to the left): as
+// much of it as leaves both lists wide enough. Device pixels.
+int keyDistance(int wanted, int list1Width, int dbList2Width, int dpi);
 
 }  // namespace mainwindow

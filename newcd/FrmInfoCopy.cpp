@@ -1,6 +1,7 @@
 #include "newcd/FrmInfoCopy.h"
 
 #include <array>
+#include <utility>
 
 #include "config/playback.h"
 #include "newcd/FrmExisteFich.h"
@@ -12,6 +13,7 @@
 #include "newcd/summaries.h"
 #include "platform/win32/ui/accessible.h"
 #include "platform/win32/ui/controls.h"
+#include "platform/win32/ui/keys.h"
 #include "platform/win32/ui/place.h"
 
 namespace newcd {
@@ -34,7 +36,7 @@ void FrmInfoCopy::run(HWND owner) {
     size_->restoreState();
     NewCdEngine(tools_, run_).copy(*this);
     while (!run_.stopRequested())
-        waitForEvents();
+        controls_->waitForEvents();
     size_->keep();
     destroy();
 }
@@ -82,6 +84,10 @@ bool FrmInfoCopy::translate(MSG& message) {
             ListInfocopy_RightMouseDown(*row);
         return true;
     }
+    if (ui::isContextMenuKey(message) && message.hwnd == item(FrmInfoCopy_ListInfocopy)) {
+        ListInfocopy_ContextMenuKey();
+        return true;
+    }
     return Dialog::translate(message);
 }
 
@@ -126,13 +132,19 @@ void FrmInfoCopy::ListInfocopy_ItemCheck(size_t row) {
 }
 
 void FrmInfoCopy::ListInfocopy_RightMouseDown(size_t row) {
-    const Track track = listedTrack(run_, List::Copy, row);
-    const auto info =
-        mainwindow::trackInfo(track.title, track.path, static_cast<double>(track.size), u"",
-                              settings_.CdRomDrive, tools_.decimalSeparator);
-    infoTitre_.show(window(), info, [this, row] {
+    infoTitre_.show(window(), info(row), [this, row] {
         config::playFile(programs_, settings_, playablePath(run_, settings_, List::Copy, row));
     });
+}
+
+void FrmInfoCopy::ListInfocopy_ContextMenuKey() {
+    if (const auto row = ListInfocopy_->marked()) infoTitre_.showForKeyboard(window(), info(*row));
+}
+
+mainwindow::TrackInfo FrmInfoCopy::info(size_t row) const {
+    const Track track = listedTrack(run_, List::Copy, row);
+    return mainwindow::trackInfo(track.title, track.path, static_cast<double>(track.size), u"",
+                                 settings_.CdRomDrive, tools_.decimalSeparator);
 }
 
 // The copy's view.
@@ -147,6 +159,19 @@ void FrmInfoCopy::enableStart(bool enabled) {
 
 void FrmInfoCopy::enableList(bool enabled) {
     ui::setEnabled(item(FrmInfoCopy_ListInfocopy), enabled);
+}
+
+void FrmInfoCopy::waitForEvents() {
+    // A run waits for the first time when its user may choose.
+    if (!std::exchange(selecting_, true)) beginSelection();
+    controls_->waitForEvents();
+}
+
+void FrmInfoCopy::beginSelection() {
+    SendMessageW(window(), DM_SETDEFID, FrmInfoCopy_CommandCopier, 0);
+    if (GetFocus() != item(FrmInfoCopy_ComAnnuleCopie)) return;
+    controls_->showRows();
+    ui::setFocus(item(FrmInfoCopy_ListInfocopy));
 }
 
 void FrmInfoCopy::askNewName(std::u16string_view oldName, std::u16string_view proposedName) {

@@ -40,7 +40,11 @@ class FrmInfoCopy : public platform::win32::Dialog, private CopyWindow {
     void ComAnnuleCopie_Click();
     void ListInfocopy_ItemCheck(size_t row);
     void ListInfocopy_RightMouseDown(size_t row);
+    void ListInfocopy_ContextMenuKey();
+    mainwindow::TrackInfo info(size_t row) const;
     void Form_Resize();
+    // The tracks are all listed: the user's turn.
+    void beginSelection();
 
     // What the copy sees of the window.
     void showProgress(std::u16string_view text) override { controls_->showProgress(text); }
@@ -50,13 +54,14 @@ class FrmInfoCopy : public platform::win32::Dialog, private CopyWindow {
     void addTrack(std::u16string_view title, bool checked) override;
     void enableStart(bool enabled) override;
     void enableList(bool enabled) override;
-    void waitForEvents() override { controls_->waitForEvents(); }
+    void waitForEvents() override;
     void askNewName(std::u16string_view oldName, std::u16string_view proposedName) override;
 
     const RunTools& tools_;
     RunState& run_;
     catalogue::Settings& settings_;
     platform::Programs& programs_;
+    bool selecting_ = false;
     std::optional<FrmRunControls> controls_;
     std::optional<FrmRunSize> size_;
     std::optional<platform::win32::VirtualList> ListInfocopy_;

@@ -9,6 +9,7 @@
 #include "newcd/runlayout.h"
 #include "platform/win32/ui/accessible.h"
 #include "platform/win32/ui/controls.h"
+#include "platform/win32/ui/keys.h"
 #include "platform/win32/ui/place.h"
 
 namespace newcd {
@@ -105,6 +106,12 @@ bool FrmInfoRech::translate(MSG& message) {
             return true;
         }
     }
+    if (ui::isContextMenuKey(message)) {
+        if (const std::optional<List> list = listOf(message.hwnd)) {
+            List_ContextMenuKey(*list);
+            return true;
+        }
+    }
     return Dialog::translate(message);
 }
 
@@ -153,10 +160,18 @@ void FrmInfoRech::List_DblClick(List list) {
 }
 
 void FrmInfoRech::List_RightMouseDown(List list, size_t row) {
+    infoTitre_.show(window(), info(list, row));
+}
+
+void FrmInfoRech::List_ContextMenuKey(List list) {
+    if (const auto row = view(list).marked())
+        infoTitre_.showForKeyboard(window(), info(list, *row));
+}
+
+mainwindow::TrackInfo FrmInfoRech::info(List list, size_t row) const {
     const Track track = listedTrack(run_, list, row);
-    infoTitre_.show(window(),
-                    mainwindow::trackInfo(track.title, track.path, static_cast<double>(track.size),
-                                          u"", settings_.CdRomDrive, tools_.decimalSeparator));
+    return mainwindow::trackInfo(track.title, track.path, static_cast<double>(track.size), u"",
+                                 settings_.CdRomDrive, tools_.decimalSeparator);
 }
 
 // The search's view.

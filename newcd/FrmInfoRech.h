@@ -39,6 +39,7 @@ class FrmInfoRech : public platform::win32::Dialog, private SearchWindow {
     void List_Click(List list);
     void List_DblClick(List list);
     void List_RightMouseDown(List list, size_t row);
+    void List_ContextMenuKey(List list);
     void Form_Resize();
 
     // What the search sees of the window.
@@ -48,6 +49,7 @@ class FrmInfoRech : public platform::win32::Dialog, private SearchWindow {
     void yield() override { controls_->yield(); }
     void turnCancelIntoOk() override { controls_->turnCancelIntoOk(); }
 
+    mainwindow::TrackInfo info(List list, size_t row) const;
     platform::win32::VirtualList& view(List list);
     // The list that a control is, if it is one of the two.
     std::optional<List> listOf(HWND control) const;

@@ -34,6 +34,8 @@ class FrmRunControls {
     void yield();
     void waitForEvents();
     void turnCancelIntoOk();
+    // Shows the rows that have come since the last time.
+    void showRows() { showRows_(); }
 
   private:
     // A window that has been taken away ends its run.

@@ -71,4 +71,26 @@ TEST(Splitter, ScalesItsLimits) {
     EXPECT_EQ(splitter.mouseMove(-180, 420, 180, 144), -300);
 }
 
+TEST(KeyDistance, IsWhatTheKeyAsksFor) {
+    EXPECT_EQ(mainwindow::keyDistance(10, 200, 300, kDpi), 10);
+    EXPECT_EQ(mainwindow::keyDistance(-10, 200, 300, kDpi), -10);
+}
+
+TEST(KeyDistance, EndsWhereAListWouldBecomeTooNarrow) {
+    EXPECT_EQ(mainwindow::keyDistance(10, 200, 125, kDpi), 5);
+    EXPECT_EQ(mainwindow::keyDistance(1000, 200, 300, kDpi), 180);
+    EXPECT_EQ(mainwindow::keyDistance(-10, 85, 300, kDpi), -5);
+    EXPECT_EQ(mainwindow::keyDistance(-1000, 200, 300, kDpi), -120);
+}
+
+TEST(KeyDistance, ScalesItsLimits) {
+    EXPECT_EQ(mainwindow::keyDistance(1000, 300, 300, 144), 120);
+    EXPECT_EQ(mainwindow::keyDistance(-1000, 300, 300, 144), -180);
+}
+
+TEST(KeyDistance, IsNothingForAListThatIsTooNarrowAlready) {
+    EXPECT_EQ(mainwindow::keyDistance(10, 200, 100, kDpi), 0);
+    EXPECT_EQ(mainwindow::keyDistance(-10, 60, 300, kDpi), 0);
+}
+
 }  // namespace

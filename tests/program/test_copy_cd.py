@@ -158,6 +158,25 @@ def test_the_space_bar_ticks_the_chosen_track(main):
     cancel(window)
 
 
+def test_the_keyboard_chooses_looks_and_starts_without_a_tab(main, target):
+    window = begin_copy(main)
+    window.ListInfocopy.wait(lambda: window.ListInfocopy.focused, "to have the focus")
+    rows = window.ListInfocopy.rows()
+    main.desktop.keys("Down", "Menu")
+    popup = main.program.form("FrmInfoTitre")
+    assert rows[0] in {child["text"] for child in popup.children("Static")}
+    assert popup.stands_over_the_middle_of(window)
+    main.desktop.keys("Escape")
+    popup.wait_gone()
+    main.program.form("FrmInfoCopy")
+    main.desktop.keys("space")
+    wait_for(lambda: window.ListInfocopy.ticks() == [False] + [True] * 7, "one tick less")
+    main.desktop.keys("Return")
+    wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
+    assert len(files(target)) == 7
+    cancel(window)
+
+
 def test_a_double_click_on_a_tick_changes_it_twice(main):
     window = begin_copy(main)
     left, top, _, bottom = window.ListInfocopy._ask("item", 0)
@@ -285,6 +304,20 @@ def test_size_and_look_are_kept_for_the_next_run(desktop, target):
         program.quit()
         values = settings.read(program.settings)
         assert [values[f"LayoutValue{number}"] for number in (4, 5, 6)] == [650 * 15, 900 * 15, 2]
+
+
+@pytest.mark.parametrize("height, width, state", [(-5, 2147483647, 1), (2147483647, -1, 77)])
+def test_stored_sizes_that_make_no_sense_give_a_usable_window(desktop, target, height, width, state):
+    with Program(desktop) as program:
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
+                        LayoutValue4=height, LayoutValue5=width, LayoutValue6=state)
+        window = begin_copy(program.open())
+        assert not window.state["minimized"]
+        left, top, right, bottom = window.rect
+        assert left >= -4 and top >= -4 and right <= 1284 and bottom <= 1004
+        assert right - left >= 480 and bottom - top >= 360
+        assert in_order(window)
+        cancel(window)
 
 
 def test_after_the_copy_keys_close_the_window(main, target):

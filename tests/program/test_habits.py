@@ -1,4 +1,10 @@
-"""What every Windows program does: wheel, Tab key, the keys of menus."""
+"""What every Windows program does: wheel, Tab key, the keys of menus, icon, hourglass."""
+import subprocess
+
+from harness import settings
+from harness.form import centre
+from harness.paths import ROOT
+from harness.player import RecordingPlayer
 from harness.steps import ALL, add_cd, choose_cd
 from harness.waiting import wait_for
 
@@ -124,3 +130,55 @@ def test_alt_and_a_letter_open_a_menu(program):
     dialog = program.form("FrmPlayers")
     main.key("Escape")
     dialog.wait_gone()
+
+
+def frame_of_the_icon(width):
+    """The pixels of the program's icon in that size, as they are drawn."""
+    for number in range(8):
+        run = subprocess.run(["convert", f"{ROOT}/app/Brivantole.ico[{number}]", "-depth", "8",
+                              "rgba:-"], check=True, capture_output=True)
+        if len(run.stdout) == width * width * 4:
+            return [tuple(run.stdout[at:at + 4]) for at in range(0, len(run.stdout), 4)]
+    raise AssertionError(f"no icon {width} wide")
+
+
+def test_the_title_bar_has_the_icon_in_both_sizes(program):
+    program.open()
+    icons = program.desktop.active_icons()
+    assert {16, 32} <= set(icons)
+    for width in (16, 32):
+        for shown, drawn in zip(icons[width], frame_of_the_icon(width), strict=True):
+            assert shown[3] == drawn[3] and (drawn[3] == 0 or shown == drawn)
+
+
+def test_the_hourglass_is_shown_while_the_clipboard_is_awaited(program):
+    main = program.open()
+    choose_cd(main, ALL)
+    hourglass = main.cursors()["wait"]
+    probe = program.desktop.probe
+    assert probe.ask("holdclipboard")
+    try:
+        with program.desktop.watched_cursor() as seen:
+            main.key("ctrl+c")
+            report = program.message()
+    finally:
+        assert probe.ask("releaseclipboard")
+    assert hourglass in seen
+    report.answer("OK")
+    main.desktop.move(*centre(main.DBList2.rect))
+    wait_for(lambda: main.desktop.cursor() == main.cursors()["arrow"], "the arrow again")
+
+
+def test_the_hourglass_is_shown_while_a_list_is_handed_to_the_player(program):
+    player = RecordingPlayer(program.desktop, "lecteur.exe")
+    settings.set_players(program.settings, [("Écoute", player.path)], current=1)
+    main = program.open()
+    add_cd(main, "Rock 1")
+    hourglass = main.cursors()["wait"]
+    main.DBList2.click_row(0)
+    wait_for(lambda: len(player.starts()) == 1, "the track")
+    with program.desktop.watched_cursor() as seen:
+        main.DBList2.click_row(0, times=2)
+        wait_for(lambda: len(player.starts()) == 2, "the list")
+    assert hourglass in seen
+    wait_for(lambda: main.desktop.cursor() == main.cursors()["arrow"], "the arrow again")

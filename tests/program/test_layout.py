@@ -227,6 +227,50 @@ def test_the_splitter_stops_at_both_limits(program):
         assert (main.List1.width, main.DBList2.width) == (left, right)
 
 
+def hold_splitter(main):
+    main.key("F6")
+    main.LabelReglage.wait(lambda: main.LabelReglage.focused, "to have the focus")
+
+
+def test_the_keyboard_moves_the_splitter(program):
+    main = program.open()
+    left, right = main.List1.width, main.DBList2.width
+    plain = main.desktop.pixels(main.LabelReglage.rect)
+    hold_splitter(main)
+    wait_for(lambda: main.desktop.pixels(main.LabelReglage.rect) != plain, "the focus to be seen")
+    for keys, moved in ((["Right"] * 3, 24), (["Left"], 16), (["ctrl+Right"], 17)):
+        main.key(*keys)
+        wait_for(lambda d=moved: main.List1.width == left + d, f"the bar {moved} to the right")
+        assert main.DBList2.width == right - moved
+    assert main.Label5.rect[0] == main.DBList2.rect[0]
+    main.key("End")
+    wait_for(lambda: main.DBList2.width == 120, "the narrowest list of tracks")
+    main.key("Right", "Home")
+    wait_for(lambda: main.List1.width == 80, "the narrowest list of media")
+    assert main.DBList2.width == left + right - 80
+    main.key("Left", "Return")
+    main.List1.wait(lambda: main.List1.focused, "to have the focus back")
+    assert main.List1.width == 80
+    program.quit()
+    assert settings.read(program.settings)["List1Width"] == 80
+
+
+def test_keys_let_go_of_the_splitter(program):
+    main = program.open()
+    left = main.List1.width
+    hold_splitter(main)
+    main.key("Right", "Escape")
+    main.List1.wait(lambda: main.List1.focused, "to have the focus back")
+    assert main.List1.width == left, "Escape takes the move back"
+    hold_splitter(main)
+    main.key("Right", "F6")
+    main.List1.wait(lambda: main.List1.focused, "to have the focus back")
+    assert main.List1.width == left + 8
+    hold_splitter(main)
+    main.key("Tab")
+    main.DBList2.wait(lambda: main.DBList2.focused, "to have the focus: it is the next one")
+
+
 def test_size_and_split_come_back_at_the_next_start(program):
     main = program.open()
     main.resize(1000, 720)

@@ -118,6 +118,20 @@ def test_a_right_click_on_a_cd_chooses_it_and_asks(program):
     assert main.DBList2.rows() == ["Trois"]
 
 
+@pytest.mark.parametrize("key", ["Menu", "shift+F10"])
+def test_the_keyboards_right_click_asks_too(program, key):
+    main = program.open()
+    choose_cd(main, "Disque")
+    main.key(key)
+    question = program.message()
+    assert question.text == "Re-Scanner ce CD ?"
+    question.answer("Non")
+    main.List1.click_item(ALL)
+    wait_for(lambda: main.List1.choice == ALL, "all titles")
+    main.key(key, "F5")
+    assert program.message_or_none() is None
+
+
 def test_all_titles_are_not_rescanned(program):
     main = program.open()
     assert not main.menu_item("Fichier", "Re-scanner le CD")["enabled"]

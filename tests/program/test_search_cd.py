@@ -226,6 +226,22 @@ def test_the_right_button_shows_the_details_while_it_is_held(main):
     close(results)
 
 
+def test_a_key_shows_the_details_too(main, player):
+    results = search(main)
+    row = results.List2.rows().index("Un 'espace'")
+    results.List2.click_row(row)
+    results.key("Menu")
+    popup = main.program.form("FrmInfoTitre")
+    assert {"Un 'espace'", "E:\\y\\guillemets.xm", "4 Ko"} <= {
+        child["text"] for child in popup.children("Static")}
+    assert popup.stands_over_the_middle_of(results)
+    results.key("Escape")
+    popup.wait_gone()
+    main.program.form("FrmInfoRech")
+    results.List2.wait(lambda: results.List2.focused, "to have the focus again")
+    close(results)
+
+
 def test_without_a_player_clicks_do_nothing(catalogued, desktop, player):
     player.forget()
     with Program(desktop, files=catalogued) as program:

@@ -1,4 +1,5 @@
-"""The pop-up with a track's details, there for as long as the right button is held."""
+"""The pop-up with a track's details, there for as long as the right button is held, or until a key
+closes it."""
 import pytest
 
 from harness import medium
@@ -130,3 +131,51 @@ def test_long_values_get_the_lines_they_need(main):
     assert others == [line] * 3
     assert without_blank[0] == line and without_blank[1] >= 3 * line
     assert min(with_blanks[:2]) >= 3 * line and with_blanks[2:] == [line] * 2
+
+
+@pytest.mark.parametrize("key", ["Menu", "shift+F10"])
+@pytest.mark.parametrize("end", ["Escape", "Return"])
+def test_keys_open_it_for_the_chosen_track_and_close_it(main, key, end):
+    main.DBList2.click_row(1)
+    main.key("Up")
+    wait_for(lambda: main.DBList2.selected == [0], "the first track to be chosen")
+    main.key(key)
+    shown = main.program.form("FrmInfoTitre")
+    assert details(shown)["Titre"] == "Court"
+    assert shown.stands_over_the_middle_of(main)
+    main.key(end)
+    shown.wait_gone()
+    main.program.form("FrmMP3")
+    main.DBList2.wait(lambda: main.DBList2.focused, "to have the focus again")
+    assert main.DBList2.selected == [0]
+    # No menu has been opened behind it: the arrows still move in the list.
+    main.key("Down")
+    wait_for(lambda: main.DBList2.selected == [1], "the next track")
+
+
+def test_a_track_that_only_bears_the_mark_is_told_too(main):
+    main.List1.click_item("Détails & Cie")
+    main.key("Tab")
+    main.DBList2.wait(lambda: main.DBList2.focused, "to have the focus")
+    main.key("Menu")
+    shown = main.program.form("FrmInfoTitre")
+    assert details(shown)["Titre"] == "Court" and main.DBList2.selected == []
+    main.key("Escape")
+    shown.wait_gone()
+
+
+def test_opened_by_a_key_it_goes_when_another_window_is_used(main):
+    main.DBList2.click_row(0)
+    main.key("Menu")
+    shown = main.program.form("FrmInfoTitre")
+    main.List1.click_item("Détails & Cie")
+    shown.wait_gone()
+
+
+def test_a_click_on_it_closes_it_when_a_key_has_opened_it(main):
+    main.DBList2.click_row(0)
+    main.key("Menu")
+    shown = main.program.form("FrmInfoTitre")
+    left, top, right, bottom = shown.rect
+    main.desktop.click((left + right) // 2, (top + bottom) // 2)
+    shown.wait_gone()

@@ -62,16 +62,17 @@ void VirtualList::growTo(size_t count) {
 }
 
 void VirtualList::markForKeyboard() {
-    if (GetFocus() != list_ || ListView_GetNextItem(list_, -1, LVNI_FOCUSED) >= 0) return;
+    if (GetFocus() != list_ || marked()) return;
     if (ListView_GetItemCount(list_) == 0) return;
     ListView_SetItemState(list_, ListView_GetTopIndex(list_), LVIS_FOCUSED, LVIS_FOCUSED);
 }
 
 bool VirtualList::chooseMarked() {
-    const int marked = ListView_GetNextItem(list_, -1, LVNI_FOCUSED);
-    if (marked < 0 || selected()) return false;
-    ListView_SetItemState(list_, marked, LVIS_SELECTED, LVIS_SELECTED);
-    ListView_EnsureVisible(list_, marked, FALSE);
+    const std::optional<size_t> row = marked();
+    if (!row || selected()) return false;
+    const auto number = static_cast<int>(*row);
+    ListView_SetItemState(list_, number, LVIS_SELECTED, LVIS_SELECTED);
+    ListView_EnsureVisible(list_, number, FALSE);
     return true;
 }
 
@@ -95,6 +96,11 @@ void VirtualList::clearSelection() {
 
 std::optional<size_t> VirtualList::selected() const {
     const int row = ListView_GetNextItem(list_, -1, LVNI_SELECTED);
+    return row < 0 ? std::nullopt : std::optional<size_t>(static_cast<size_t>(row));
+}
+
+std::optional<size_t> VirtualList::marked() const {
+    const int row = ListView_GetNextItem(list_, -1, LVNI_FOCUSED);
     return row < 0 ? std::nullopt : std::optional<size_t>(static_cast<size_t>(row));
 }
 

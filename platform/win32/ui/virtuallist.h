@@ -34,6 +34,8 @@ class VirtualList {
     void redrawRow(size_t row);
     void clearSelection();
     std::optional<size_t> selected() const;
+    // The row that bears the keyboard's mark; none in an empty list.
+    std::optional<size_t> marked() const;
     // The row under a place that a mouse message tells; none below the rows.
     std::optional<size_t> rowAt(LPARAM place) const;
 

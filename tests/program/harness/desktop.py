@@ -1,10 +1,12 @@
 """A screen and a Wine prefix of a test's own."""
 import collections
+import contextlib
 import os
 import pathlib
 import shutil
 import subprocess
 import tempfile
+import threading
 
 from .paths import BUILD, PROBE, ROOT
 from .probe import Probe
@@ -171,6 +173,39 @@ class Desktop:
     def cursor(self):
         """The handle of the cursor that the pointer shows; Window.cursors tells names."""
         return self.probe.ask("cursor")
+
+    @contextlib.contextmanager
+    def watched_cursor(self):
+        """Gathers, in the set that it gives, every cursor that the pointer shows meanwhile."""
+        seen, over = set(), threading.Event()
+
+        def watch():
+            while not over.is_set():
+                seen.add(self.cursor())
+        watcher = threading.Thread(target=watch)
+        watcher.start()
+        try:
+            yield seen
+        finally:
+            over.set()
+            watcher.join()
+
+    def active_icons(self):
+        """The icons that the active window gives its title bar: width to rows of pixels, each
+        (red, green, blue, alpha)."""
+        window = subprocess.run(["xdotool", "getactivewindow"], env=self.environment, check=True,
+                                capture_output=True, text=True).stdout.strip()
+        text = subprocess.run(["xprop", "-id", window, "-f", "_NET_WM_ICON", "32c", "-notype",
+                               "_NET_WM_ICON"], env=self.environment, check=True,
+                              capture_output=True, text=True).stdout
+        numbers = [int(number) for number in text.partition("=")[2].split(",")]
+        icons = {}
+        while numbers:
+            (width, height), numbers = numbers[:2], numbers[2:]
+            pixels, numbers = numbers[:width * height], numbers[width * height:]
+            icons[width] = [tuple(pixel >> shift & 255 for shift in (16, 8, 0, 24))
+                            for pixel in pixels]
+        return icons
 
     def screenshot(self, path):
         path.parent.mkdir(parents=True, exist_ok=True)
