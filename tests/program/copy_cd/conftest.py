@@ -1,0 +1,69 @@
+"""A program with an album in its drive and a disk to copy it to."""
+import os
+import shutil
+
+import pytest
+
+from harness import medium, settings
+from harness.desktop import FIXED, Desktop
+from harness.player import RecordingPlayer
+from harness.program import Program
+
+
+@pytest.fixture(scope="module")
+def disk(tmp_path_factory):
+    return tmp_path_factory.mktemp("disk")
+
+
+@pytest.fixture(scope="module")
+def desktop(disk, album_folder):
+    """E: is a CD-ROM drive with the album, H: the hard disk to copy to."""
+    with Desktop(medium=album_folder, drives={"h": (disk, FIXED)}) as made:
+        yield made
+
+
+@pytest.fixture(scope="module")
+def player(desktop):
+    return RecordingPlayer(desktop, "lecteur.exe")
+
+
+@pytest.fixture(scope="module")
+def shared(desktop, player):
+    """One program for all tests, with one of the album's titles in its catalogue."""
+    with Program(desktop) as made:
+        settings.set_players(made.settings, [("Écoute", player.path)], current=1)
+        settings.change(made.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
+        made.open()
+        yield made
+
+
+@pytest.fixture
+def target(disk):
+    """The folder to copy to, empty."""
+    folder = disk / "Copies"
+    folder.mkdir()
+    yield folder
+    folder.chmod(0o755)
+    shutil.rmtree(folder)
+
+
+@pytest.fixture
+def main(shared, album_folder, player, target):
+    player.forget()
+    yield shared.form("FrmMP3")
+    shared.desktop.tidy()
+    shared.desktop.set_medium("e", album_folder)
+    shared.only_main_window()
+
+
+@pytest.fixture
+def long_medium(main, tmp_path):
+    """A large file between two small ones, in the order of the walk; takes no room itself."""
+    folder = tmp_path / "long"
+    folder.mkdir()
+    (folder / "gros.wav").write_bytes(medium.wav(1000))
+    os.truncate(folder / "gros.wav", 1 << 30)
+    (folder / "suite").mkdir()
+    (folder / "suite" / "petit.mid").write_bytes(medium.mid(60))
+    main.desktop.set_medium("e", folder)
+    return folder

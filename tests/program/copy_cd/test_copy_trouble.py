@@ -1,0 +1,119 @@
+"""What can go wrong with a copy: a message, nothing half done, nothing overwritten."""
+from harness import catalogue, medium, settings
+from harness.copies import MUSIC, failing_copy, files, markers
+from harness.program import Program
+from harness.steps import add_cd, begin_copy, finish_copy, open_copy
+from harness.waiting import wait_for
+
+
+def test_a_disc_taken_out_ends_the_copy_with_a_message(main, target):
+    window = begin_copy(main)
+    main.desktop.set_medium("e", None)
+    assert "E:\\" in failing_copy(window)
+    assert files(target) == {} and main.state["enabled"]
+
+
+def test_a_disc_taken_out_during_the_copy_keeps_what_is_whole(main, target, long_medium):
+    window = begin_copy(main)
+    window.CommandCopier.click()
+    wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+    main.desktop.set_medium("e", None)
+    box = main.program.message()
+    assert "E:\\suite\\petit.mid" in box.text
+    box.answer("OK")
+    main.program.wait_gone("FrmInfoCopy")
+    assert [path.name for path in target.rglob("*") if path.is_file()] == ["gros.wav"]
+    assert (target / "gros.wav").stat().st_size == 1 << 30
+
+
+def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_medium, album_folder):
+    with Program(desktop) as program:
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
+        window = begin_copy(program.open())
+        window.CommandCopier.click()
+        wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+        program.kill()
+        assert not (target / "gros.wav").exists()
+        # What it was about to become lies there until the next copy into that folder.
+        left, = target.iterdir()
+        assert left.name.startswith("~Brivantole")
+        (target / "~Brivantole.tmp").write_bytes(b"somebody's own")
+        desktop.set_medium("e", album_folder)
+        finish_copy(begin_copy(program.open()))
+    assert files(target) == {**MUSIC, "~Brivantole.tmp": b"somebody's own"}
+
+
+def test_markers_that_an_older_run_left_go_and_count_for_nothing(desktop, target, tmp_path):
+    tracks = {"intro.mid": medium.mid(60), "reste.t": bytes(50)}
+    desktop.set_medium("e", medium.write(tmp_path / "m", tracks))
+    with Program(desktop) as program:
+        # With a type of the markers' name the program makes such a row itself.
+        program.settings.write_bytes(
+            program.settings.read_bytes().replace(b"\r\n669\r\n", b"\r\nT\r\n", 1))
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
+                        CopyOption2=1)
+        main = program.open()
+        add_cd(main, "Ancien")
+        assert [row["Nom"] for row in markers(program)] == ["Reste"]
+        window = begin_copy(main)
+        assert markers(program) == []
+        assert [row["Nom"] for row in catalogue.rows(program.database)] == ["Intro"]
+        assert window.ListInfocopy.ticks() == [True, True]
+        finish_copy(window)
+    assert files(target) == tracks
+
+
+def test_a_drive_without_a_medium_is_reported(main, target):
+    dialog = open_copy(main)
+    main.desktop.set_medium("e", None)
+    dialog.ComCopierOK.click()
+    main.program.message().answer("OK")
+    main.program.wait_gone("FrmInfoCopy")
+    assert files(target) == {}
+
+
+def test_a_destination_that_goes_ends_the_copy_with_a_message(main, target):
+    window = begin_copy(main)
+    target.rmdir()
+    assert "H:\\Copies" in failing_copy(window)
+    assert not target.exists()
+    target.mkdir()
+
+
+def test_a_destination_drive_that_goes_ends_the_copy_with_a_message(main, target, disk):
+    window = begin_copy(main)
+    main.desktop.set_medium("h", None)
+    try:
+        assert "H:\\Copies" in failing_copy(window)
+    finally:
+        main.desktop.set_medium("h", disk)
+    assert files(target) == {} and main.state["enabled"]
+
+
+def test_a_read_only_destination_ends_the_copy_with_a_message(main, target):
+    window = begin_copy(main)
+    target.chmod(0o555)
+    assert "H:\\Copies" in failing_copy(window)
+    target.chmod(0o755)
+    assert files(target) == {}
+
+
+def test_a_full_disk_keeps_what_is_whole(desktop, disk, small_disk, tmp_path):
+    folder = medium.write(tmp_path / "m", {"a.wav": medium.wav(300_000), "b.wav": medium.wav(9_000_000),
+                                           "c.wav": medium.wav(3000)})
+    desktop.set_medium("e", folder)
+    desktop.set_medium("h", small_disk.folder)
+    before = files(small_disk.folder)
+    try:
+        with Program(desktop) as program:
+            settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\")
+            window = begin_copy(program.open())
+            order = window.ListInfocopy.rows()
+            assert "H:\\b.wav" in failing_copy(window)
+            whole = {f"{name.lower()}.wav" for name in order[:order.index("B")]}
+            assert set(files(small_disk.folder)) == set(before) | whole
+            for name in whole:
+                assert (small_disk.folder / name).read_bytes() == (folder / name).read_bytes()
+            assert program.quit() == 0
+    finally:
+        desktop.set_medium("h", disk)

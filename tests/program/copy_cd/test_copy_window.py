@@ -1,0 +1,132 @@
+"""The window of a copy: its order, what it keeps, how it lives through long copies."""
+import shutil
+
+import pytest
+
+from harness import medium, settings
+from harness.copies import cancel, files, markers
+from harness.program import Program
+from harness.steps import begin_copy, open_copy
+from harness.waiting import wait_for
+
+
+def in_order(window):
+    """One below the other and inside the window: heading, list, label, a pair of buttons."""
+    left, top, right, bottom = window.rect
+    heading, view, label = (window.control(name).rect
+                            for name in ("LabelTitrelist", "ListInfocopy", "LabelInfoCopy"))
+    start, stop = window.CommandCopier.rect, window.ComAnnuleCopie.rect
+    return (top < heading[1] and heading[3] <= view[1] and view[3] <= label[1]
+            and label[3] <= start[1] and (start[1], start[3]) == (stop[1], stop[3])
+            and start[2] < stop[0] and stop[3] < bottom
+            and abs((start[0] + stop[2]) - (left + right)) <= 20
+            and abs((heading[0] + heading[2]) - (left + right)) <= 20
+            and (view[0], view[2]) == (label[0], label[2])
+            and 0 < view[0] - left < 30 and 0 < right - view[2] < 30)
+
+
+def test_the_window_keeps_its_order_at_any_size(main):
+    window = begin_copy(main)
+    assert in_order(window)
+    for asked, size in (((1000, 700), (1000, 700)), ((300, 200), (480, 360))):
+        window.resize(*asked)
+        wait_for(lambda: window.size == size, f"the size {size}")
+        wait_for(lambda: in_order(window), "the controls to follow")
+    cancel(window)
+
+
+def test_size_and_look_are_kept_for_the_next_run(desktop, target):
+    with Program(desktop) as program:
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
+                        FontSize=16, BackColor=0xC0F0FF)
+        window = begin_copy(program.open())
+        left, _, right, bottom = window.ListInfocopy.rect
+        shown = desktop.colours((left + 30, bottom - 20, right - 30, bottom - 4))
+        assert shown == {(255, 240, 192): 1.0}
+        assert window.ListInfocopy.item_height() > 20
+        window.resize(900, 650)
+        wait_for(lambda: window.size == (900, 650), "the larger window")
+        cancel(window)
+        program.quit()
+        values = settings.read(program.settings)
+        assert [values[f"LayoutValue{number}"] for number in (4, 5, 6)] == [650 * 15, 900 * 15, 0]
+        window = begin_copy(program.open())
+        assert window.size == (900, 650)
+        window.maximize()
+        wait_for(lambda: window.size[0] > 1200, "the maximised window")
+        cancel(window)
+        program.quit()
+        values = settings.read(program.settings)
+        assert [values[f"LayoutValue{number}"] for number in (4, 5, 6)] == [650 * 15, 900 * 15, 2]
+
+
+@pytest.mark.parametrize("height, width, state", [(-5, 2147483647, 1), (2147483647, -1, 77)])
+def test_stored_sizes_that_make_no_sense_give_a_usable_window(desktop, target, height, width, state):
+    with Program(desktop) as program:
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
+                        LayoutValue4=height, LayoutValue5=width, LayoutValue6=state)
+        window = begin_copy(program.open())
+        assert not window.state["minimized"]
+        left, top, right, bottom = window.rect
+        assert left >= -4 and top >= -4 and right <= 1284 and bottom <= 1004
+        assert right - left >= 480 and bottom - top >= 360
+        assert in_order(window)
+        cancel(window)
+
+
+def test_after_the_copy_keys_close_the_window(main, target):
+    for key in ("Return", "Escape"):
+        window = begin_copy(main)
+        window.ListInfocopy.click_tick(0)
+        wait_for(lambda: not window.ListInfocopy.ticks()[0], "one track less")
+        window.CommandCopier.click()
+        wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
+        assert window.ComAnnuleCopie.focused and window.ListInfocopy.enabled
+        main.desktop.keys(key)
+        main.program.wait_gone("FrmInfoCopy")
+        shutil.rmtree(target)
+        target.mkdir()
+
+
+def test_a_long_copy_shows_its_progress_in_a_window_that_answers(main, target, long_medium):
+    window = begin_copy(main)
+    window.CommandCopier.click()
+    positions = set()
+
+    def halfway():
+        positions.add(window.Progression.progress())
+        return len(positions) > 3
+    wait_for(halfway, "the bar to move within one file")
+    assert window.LabelInfoCopy.text == "Copie de E:\\gros.wav\r\n\nGros"
+    assert not window.ListInfocopy.enabled and not window.CommandCopier.enabled
+    assert window.Progression.visible
+    before = window.size
+    window.resize(900, 600)
+    wait_for(lambda: window.size != before, "the window to answer")
+    wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy", deadline=120)
+    assert window.ListInfocopy.enabled and not window.Progression.visible
+    assert (target / "gros.wav").stat().st_size == 1 << 30
+    assert (target / "suite" / "petit.mid").read_bytes() == medium.mid(60)
+    cancel(window)
+
+
+def test_a_stop_takes_effect_after_the_file_in_progress(main, target, long_medium):
+    window = begin_copy(main)
+    window.CommandCopier.click()
+    wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+    assert not (target / "gros.wav").exists()
+    window.ComAnnuleCopie.click()
+    wait_for(lambda: main.program.form_or_none("FrmInfoCopy") is None, "the end", deadline=120)
+    assert [path.name for path in target.rglob("*")] == ["gros.wav"]
+    assert (target / "gros.wav").stat().st_size == 1 << 30
+    assert markers(main.program) == []
+
+
+def test_a_stop_while_reading_ends_the_run(main, target, tmp_path):
+    folder = medium.write(tmp_path / "m", {f"{n % 50}/{n}.mid": medium.mid() for n in range(4000)})
+    main.desktop.set_medium("e", folder)
+    open_copy(main).ComCopierOK.click()
+    window = main.program.form("FrmInfoCopy")
+    assert not window.CommandCopier.enabled
+    cancel(window)
+    assert files(target) == {} and main.state["enabled"]
