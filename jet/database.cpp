@@ -29,10 +29,8 @@ std::unique_ptr<Recordset> Database::OpenRecordset(std::u16string_view source) {
         Table& table = session_->store().table(source);
         return std::unique_ptr<Recordset>(new Recordset(session_, table));
     }
-    const SelectStatement statement = parseSelect(source);
-    Table& table = session_->store().table(statement.table);
-    const Query query = bindQuery(statement, table.definition(), session_->textOrder());
-    return std::unique_ptr<Recordset>(new Recordset(session_, table, query));
+    const PreparedQuery& prepared = session_->prepare(source);
+    return std::unique_ptr<Recordset>(new Recordset(session_, prepared.table(), prepared.query()));
 }
 
 bool Database::hasTable(std::u16string_view name) const {

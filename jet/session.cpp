@@ -20,6 +20,7 @@ Store& Session::store() const {
 }
 
 void Session::close() {
+    queries_.clear();
     caches_.clear();
     store_.reset();
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jet/preparedquery.h"
 #include "jet/query.h"
 #include "jet/store.h"
 #include "jet/table.h"
@@ -27,6 +28,11 @@ class Session {
     bool isOpen() const { return store_ != nullptr; }
 
     const TextOrder& textOrder() const { return *textOrder_; }
+
+    // The query `sql`, ready to be answered, until the next call. Errors as for PreparedQuery.
+    const PreparedQuery& prepare(std::u16string_view sql) {
+        return queries_.prepare(sql, store(), *textOrder_);
+    }
 
     // The answer to a query, in its order.
     std::vector<RowId> rows(const Query& query, const Table& table);
@@ -48,6 +54,7 @@ class Session {
     // the session is told to the caches, any other makes them worthless.
     uint64_t cachedState_ = 0;
     std::map<const Table*, TableCache> caches_;
+    PreparedQueries queries_;
 };
 
 }  // namespace jet

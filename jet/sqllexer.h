@@ -43,11 +43,14 @@ base::Error syntaxError(std::u16string_view what, size_t position);
 
 class SqlLexer {
   public:
-    // `sql` must outlive the lexer.
-    explicit SqlLexer(std::u16string_view sql) : sql_(sql) {}
+    // Begins at the character `at`. `sql` must outlive the lexer.
+    explicit SqlLexer(std::u16string_view sql, size_t at = 0) : sql_(sql), at_(at) {}
 
-    // The next token; End again and again at the end. Throws SyntaxError.
+    // The next token; End again and again at the end. Throws SyntaxError, and Overflow for a number
+    // beyond all bounds.
     Token next();
+    // Where the last token ended.
+    size_t position() const { return at_; }
 
   private:
     void skipBlanks();
@@ -59,7 +62,7 @@ class SqlLexer {
     Token comparison();
 
     std::u16string_view sql_;
-    size_t at_ = 0;
+    size_t at_;
 };
 
 }  // namespace jet

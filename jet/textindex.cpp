@@ -1,6 +1,7 @@
 #include "jet/textindex.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 
 namespace jet {
@@ -31,20 +32,34 @@ void TextIndex::update(const FoldedTexts& texts) {
         grow(texts);
         return;
     }
-    for (size_t row = known; row < texts.count(); ++row)
-        insert(static_cast<uint32_t>(row), texts);
+    insertFrom(known, texts);
 }
 
 void TextIndex::grow(const FoldedTexts& texts) {
     slots_.assign(slotsFor(texts.count()), Slot{});
     used_ = 0;
-    for (size_t row = 0; row < texts.count(); ++row)
-        insert(static_cast<uint32_t>(row), texts);
+    insertFrom(0, texts);
 }
 
-void TextIndex::insert(uint32_t row, const FoldedTexts& texts) {
+// Some rows at a time, so that the places of all are on their way from memory before the first is
+// looked at.
+void TextIndex::insertFrom(size_t first, const FoldedTexts& texts) {
+    constexpr size_t kAtOnce = 32;
+    std::array<uint64_t, kAtOnce> hashes{};
+    const size_t mask = slots_.size() - 1;
+    for (size_t row = first; row < texts.count(); row += kAtOnce) {
+        const size_t count = std::min(kAtOnce, texts.count() - row);
+        for (size_t i = 0; i < count; ++i) {
+            hashes[i] = TextFolder::hash(*order_, texts.text(row + i));
+            __builtin_prefetch(&slots_[hashes[i] & mask], 1);
+        }
+        for (size_t i = 0; i < count; ++i)
+            insert(static_cast<uint32_t>(row + i), hashes[i], texts);
+    }
+}
+
+void TextIndex::insert(uint32_t row, uint64_t hash, const FoldedTexts& texts) {
     if (texts.isNull(row)) return;
-    const uint64_t hash = TextFolder::hash(*order_, texts.text(row));
     const size_t mask = slots_.size() - 1;
     for (size_t slot = hash & mask;; slot = (slot + 1) & mask) {
         Slot& place = slots_[slot];
@@ -64,15 +79,20 @@ bool TextIndex::sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts) {
     return order_->equal(left_, right_);
 }
 
-std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text, const FoldedTexts& texts) {
+std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text,
+                                             std::span<const uint8_t> folded,
+                                             const FoldedTexts& texts) {
     std::vector<uint32_t> rows;
     if (slots_.empty()) return rows;
     const uint64_t hash = order_->hash(text);
     const size_t mask = slots_.size() - 1;
     for (size_t slot = hash & mask; slots_[slot].row != kNone; slot = (slot + 1) & mask) {
         if (slots_[slot].tag != tagOf(hash)) continue;
-        TextFolder::decode(texts.text(slots_[slot].row), right_);
-        if (!order_->equal(text, right_)) continue;
+        const std::span<const uint8_t> found = texts.text(slots_[slot].row);
+        if (!std::ranges::equal(found, folded)) {
+            TextFolder::decode(found, right_);
+            if (!order_->equal(text, right_)) continue;
+        }
         for (uint32_t row = slots_[slot].row; row != kNone; row = next_[row])
             rows.push_back(row);
         return rows;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -19,8 +20,10 @@ class TextIndex {
     // Takes in the rows behind those that it knows. `texts` is always the same column.
     void update(const FoldedTexts& texts);
 
-    // The rows that it knows whose text equals `text`, in descending order.
-    std::vector<uint32_t> rowsEqualTo(std::u16string_view text, const FoldedTexts& texts);
+    // The rows that it knows whose text equals `text`, in descending order; `folded` is the same
+    // text folded.
+    std::vector<uint32_t> rowsEqualTo(std::u16string_view text, std::span<const uint8_t> folded,
+                                      const FoldedTexts& texts);
 
     size_t bytes() const {
         return slots_.capacity() * sizeof(Slot) + next_.capacity() * sizeof(uint32_t);
@@ -37,7 +40,8 @@ class TextIndex {
     };
 
     void grow(const FoldedTexts& texts);
-    void insert(uint32_t row, const FoldedTexts& texts);
+    void insertFrom(size_t first, const FoldedTexts& texts);
+    void insert(uint32_t row, uint64_t hash, const FoldedTexts& texts);
     bool sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts);
 
     const TextOrder* order_;

@@ -21,8 +21,8 @@ struct Listing {
 };
 
 struct LookUp {
-    std::string type;
-    std::string title;
+    Text type;
+    Text title;
     int64_t size = 0;
     bool withSize = false;
 };

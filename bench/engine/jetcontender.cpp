@@ -121,8 +121,8 @@ bool JetContender::listedInOrder(Order order) const {
 size_t JetContender::lookUp(std::span<const LookUp> lookUps) {
     size_t found = 0;
     for (const LookUp& wanted : lookUps) {
-        const std::u16string type = base::fromUtf8(wanted.type);
-        const std::u16string title = base::fromUtf8(wanted.title);
+        const std::u16string& type = wanted.type.utf16;
+        const std::u16string& title = wanted.title.utf16;
         const std::u16string query = wanted.withSize
                                          ? newcd::knownTitleAndSizeQuery(type, title, wanted.size)
                                          : newcd::knownTitleQuery(type, title);

@@ -41,8 +41,10 @@ std::vector<LookUp> lookUpsIn(size_t cds, size_t count, bool withSize) {
         const std::vector<Row> rows = rowsOfCd(i * 7 % cds);
         for (size_t row = i % 5; row < rows.size() && lookUps.size() < count; row += 5) {
             const bool known = lookUps.size() % 2 == 0;
-            lookUps.push_back({.type = rows[row].type.utf8,
-                               .title = rows[row].nom.utf8 + (known ? "" : " absent"),
+            Text title = rows[row].nom;
+            if (!known) title = text(title.utf8 + " absent");
+            lookUps.push_back({.type = rows[row].type,
+                               .title = std::move(title),
                                .size = rows[row].taille,
                                .withSize = withSize});
         }
@@ -207,16 +209,18 @@ void Race::raceLookUps(const std::string& task, bool withSize) {
     const std::vector<LookUp> lookUps = lookUpsIn(cds_, kLookUps, withSize);
     const std::span<const LookUp> few(lookUps.data(), kSlowLookUps);
     const Contender* const slow = others_.front().get();
-    const size_t known = ours_->lookUp(lookUps);
-    require(known == kLookUps / 2, task);
-    race(task + ", first", kFewestRounds, [&](Contender& contender) {
-        reopen(contender);
+    const auto lookUp = [&](Contender& contender) {
         const std::span<const LookUp> part = &contender == slow ? few : lookUps;
         size_t found = 0;
         const double seconds = timed([&] { found = contender.lookUp(part); });
         require(found == part.size() / 2, task);
         return seconds * static_cast<double>(kLookUps) / static_cast<double>(part.size());
+    };
+    race(task + ", first", kFewestRounds, [&](Contender& contender) {
+        reopen(contender);
+        return lookUp(contender);
     });
+    race(task, kMostRounds, lookUp);
 }
 
 void Race::reportMemory() {

@@ -25,16 +25,16 @@ std::string lowerCase(std::string_view extension) {
     return text;
 }
 
-Text text(std::string utf8) {
-    std::u16string utf16 = base::fromUtf8(utf8);
-    return {std::move(utf8), std::move(utf16)};
-}
-
 std::string twoDigits(size_t number) {
     return std::string(number < 10 ? "0" : "") + std::to_string(number);
 }
 
 }  // namespace
+
+Text text(std::string utf8) {
+    std::u16string utf16 = base::fromUtf8(utf8);
+    return {std::move(utf8), std::move(utf16)};
+}
 
 std::string cdName(size_t cd) {
     Chance chance(kSeed + cd);

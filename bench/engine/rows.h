@@ -27,6 +27,9 @@ struct Row {
     Text type;
 };
 
+// Both forms of a text.
+Text text(std::string utf8);
+
 std::string cdName(size_t cd);
 
 // The tracks of one CD as a scan finds them: albums of artists, most of them .mp3.

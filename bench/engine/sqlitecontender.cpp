@@ -228,8 +228,8 @@ size_t SqliteContender::lookUp(std::span<const LookUp> lookUps) {
     size_t found = 0;
     for (const LookUp& wanted : lookUps) {
         sqlite3_stmt* const query = wanted.withSize ? bySize : byTitle;
-        bind(query, 1, wanted.type);
-        bind(query, 2, wanted.title);
+        bind(query, 1, wanted.type.utf8);
+        bind(query, 2, wanted.title.utf8);
         if (wanted.withSize) sqlite3_bind_int64(query, 3, wanted.size);
         if (sqlite3_step(query) == SQLITE_ROW) ++found;
         sqlite3_reset(query);

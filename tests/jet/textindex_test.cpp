@@ -18,7 +18,9 @@ class TextIndexTest : public testing::Test {
     }
     std::vector<uint32_t> rows(std::u16string_view text) {
         index_.update(texts_);
-        return index_.rowsEqualTo(text, texts_);
+        std::vector<uint8_t> folded;
+        folder_.fold(text, folded);
+        return index_.rowsEqualTo(text, folded, texts_);
     }
     static std::u16string numbered(int number) {
         const std::string digits = std::to_string(number);
