@@ -139,12 +139,18 @@ std::u16string_view right(std::u16string_view text, size_t count) {
 }
 
 std::u16string quoted(std::u16string_view text) {
-    std::u16string result = u"\"";
-    for (const char16_t character : text) {
-        if (character == u'"') result += u'"';
-        result += character;
+    constexpr char16_t kQuote = u'"';
+    std::u16string result;
+    result.reserve(text.size() + 2);
+    result += kQuote;
+    size_t from = 0;
+    for (size_t quote = text.find(kQuote); quote != text.npos; quote = text.find(kQuote, from)) {
+        result += text.substr(from, quote + 1 - from);
+        result += kQuote;
+        from = quote + 1;
     }
-    result += u'"';
+    result += text.substr(from);
+    result += kQuote;
     return result;
 }
 

@@ -72,11 +72,12 @@ void TextFolder::foldBytes(const RawText& text, const std::array<ByteForm, 256>&
 }
 
 void TextFolder::fold(std::u16string_view text, std::vector<uint8_t>& out) const {
-    for (const char16_t character : text) {
-        uint8_t bytes[3];
-        const unsigned length = encode(order_->fold(character), bytes);
-        out.insert(out.end(), bytes, bytes + length);
-    }
+    const size_t start = out.size();
+    out.resize(start + 3 * text.size());
+    uint8_t* at = out.data() + start;
+    for (const char16_t character : text)
+        at += encode(order_->fold(character), at);
+    out.resize(static_cast<size_t>(at - out.data()));
 }
 
 uint64_t TextFolder::hash(const TextOrder& order, std::span<const uint8_t> folded) {

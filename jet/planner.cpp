@@ -56,16 +56,29 @@ std::vector<RowId> Planner::rows(const Query& query) {
     return found;
 }
 
+// The column of a test that can be looked up, else null.
+const CachedColumn* Planner::lookUpColumn(const Condition& condition) {
+    if (!isLookUp(condition)) return nullptr;
+    const CachedColumn* const column = cache_.column(*condition.test.column);
+    return column && cache_.hasRoomFor(column->bytesToFind()) ? column : nullptr;
+}
+
 // The test that leads to the fewest rows.
 const ColumnTest* Planner::bestLookUp(const Condition& condition) {
+    const auto operands = conjuncts(condition);
+    // Texts that do not repeat lead to few rows.
+    const auto titles = std::ranges::find_if(operands, [this](const Condition& operand) {
+        const CachedColumn* const column = lookUpColumn(operand);
+        return column && column->texts();
+    });
+    if (titles != operands.end()) return &titles->test;
+
     const ColumnTest* best = nullptr;
     size_t fewest = cache_.ids().size() / kSelective + 1;
-    for (const Condition& operand : conjuncts(condition)) {
-        if (!isLookUp(operand)) continue;
-        CachedColumn* column = cache_.column(*operand.test.column);
-        if (!column || !cache_.hasRoomFor(column->bytesToFind())) continue;
-        // Texts that do not repeat lead to few rows.
-        const size_t count = column->countEqualTo(operand.test.text).value_or(1);
+    for (const Condition& operand : operands) {
+        const CachedColumn* const column = lookUpColumn(operand);
+        if (!column) continue;
+        const size_t count = column->countEqualTo(operand.test.text).value_or(fewest);
         if (count >= fewest) continue;
         fewest = count;
         best = &operand.test;

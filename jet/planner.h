@@ -26,6 +26,7 @@ class Planner {
     using RowNumbers = std::vector<uint32_t>;
 
     std::optional<RowNumbers> fewRows(const Condition& condition);
+    const CachedColumn* lookUpColumn(const Condition& condition);
     const ColumnTest* bestLookUp(const Condition& condition);
     bool matches(const Condition& condition, uint32_t row);
     bool passes(const ColumnTest& test, uint32_t row);
