@@ -25,6 +25,7 @@ bool runs(uint32_t process) {
 }
 
 bool isOnNetwork(std::u16string_view folder) {
+    if (folder.starts_with(u"\\\\")) return true;
     const std::wstring root(folder.begin(), folder.begin() + folder.find(u'\\') + 1);
     return GetDriveTypeW(root.c_str()) == DRIVE_REMOTE;
 }
