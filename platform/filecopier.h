@@ -13,6 +13,13 @@ namespace platform {
 // all for one that is soon over. What it throws ends the copy as an error of the copy itself does.
 using CopyProgress = std::function<void(uint64_t done)>;
 
+// A file to be copied. `size` is what it had in bytes when it was last looked at; it may have
+// changed.
+struct CopySource {
+    std::u16string_view path;
+    uint64_t size = 0;
+};
+
 class FileCopier {
   public:
     static constexpr size_t kMostAhead = 8;
@@ -28,9 +35,9 @@ class FileCopier {
     // file or, when this throws, nothing new: what is there already stays as it is and is error
     // FileAlreadyExists, even when it came up while the copy went on. `next` are the files that are
     // most likely to be copied after this one, to the same folder and in their order, kMostAhead at
-    // most. They may be read already while this one is given its name, under names of their own.
-    virtual void copy(std::u16string_view source, std::u16string_view target,
-                      std::span<const std::u16string_view> next, const CopyProgress& progress) = 0;
+    // most. They may be read already, under names of their own, before it is their turn.
+    virtual void copy(const CopySource& source, std::u16string_view target,
+                      std::span<const CopySource> next, const CopyProgress& progress) = 0;
     // Ends a row of copies: what was read ahead goes from the disk.
     virtual void endCopies() = 0;
 };

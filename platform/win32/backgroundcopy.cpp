@@ -1,13 +1,29 @@
 #include "platform/win32/backgroundcopy.h"
 
+#include <optional>
+
+#include "platform/win32/handle.h"
 #include "platform/win32/path.h"
 
 namespace platform::win32 {
 namespace {
 
-uint64_t sizeOf(const std::wstring& path) {
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// The size of what a link leads to, which is what the system copies, too.
+std::optional<uint64_t> sizeBehindLink(const std::wstring& path) {
+    const FileHandle file(CreateFileW(path.c_str(), FILE_READ_ATTRIBUTES, kShareAll, nullptr,
+                                      OPEN_EXISTING, 0, nullptr));
+    LARGE_INTEGER size;
+    if (!file || !GetFileSizeEx(file.get(), &size)) return std::nullopt;
+    return static_cast<uint64_t>(size.QuadPart);
+}
+
+// Bytes; none, with the system's last error, when it cannot be told.
+std::optional<uint64_t> sizeOf(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return 0;
+    if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
+    if ((data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) return sizeBehindLink(path);
     return (static_cast<uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
 }
 
@@ -17,15 +33,17 @@ std::u16string_view folderOf(std::u16string_view path) {
 
 }  // namespace
 
-BackgroundCopy::BackgroundCopy(std::u16string_view source, std::u16string_view target, int number)
-    : source_(source),
+BackgroundCopy::BackgroundCopy(SystemCopy systemCopy, std::u16string_view source,
+                               std::u16string_view target, int number)
+    : systemCopy_(systemCopy),
+      source_(source),
       scratch_(target, number),
       sourcePath_(extendedPath(source)),
       scratchPath_(extendedPath(scratch_.path())) {}
 
 uint64_t BackgroundCopy::done() const {
     // Not every system tells how far it is; the file that grows does, then.
-    return reports_ ? done_.load() : sizeOf(scratchPath_);
+    return reports_ ? done_.load() : sizeOf(scratchPath_).value_or(0);
 }
 
 bool BackgroundCopy::isOf(std::u16string_view source, std::u16string_view target) const {
@@ -41,10 +59,15 @@ DWORD BackgroundCopy::copy() {
 }
 
 DWORD BackgroundCopy::copyOnce() {
+    const std::optional<uint64_t> size = sizeOf(sourcePath_);
+    if (!size) return GetLastError();
     // Where it may overwrite, the system first looks whether both are the same file.
-    const BOOL copied = CopyFileExW(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this,
-                                    &cancel_, COPY_FILE_FAIL_IF_EXISTS);
-    return copied ? ERROR_SUCCESS : GetLastError();
+    if (!systemCopy_(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this, &cancel_,
+                     COPY_FILE_FAIL_IF_EXISTS)) {
+        return GetLastError();
+    }
+    // Not every system tells when the source could only be read in part.
+    return sizeOf(scratchPath_) == size ? ERROR_SUCCESS : ERROR_READ_FAULT;
 }
 
 DWORD CALLBACK BackgroundCopy::onProgress(LARGE_INTEGER, LARGE_INTEGER done, LARGE_INTEGER,

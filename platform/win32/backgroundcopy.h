@@ -12,12 +12,16 @@
 
 namespace platform::win32 {
 
+// The system's call that copies a file: CopyFileExW, or what stands for it in a test.
+using SystemCopy = decltype(&CopyFileExW);
+
 // Made and destroyed by one thread, which may watch while another one runs the copy. What there is
 // of it goes with the object unless it was given its name.
 class BackgroundCopy {
   public:
     // `target` only tells the folder, where no other copy under way may have this `number`.
-    BackgroundCopy(std::u16string_view source, std::u16string_view target, int number);
+    BackgroundCopy(SystemCopy systemCopy, std::u16string_view source, std::u16string_view target,
+                   int number);
     BackgroundCopy(const BackgroundCopy&) = delete;
     BackgroundCopy& operator=(const BackgroundCopy&) = delete;
 
@@ -42,6 +46,7 @@ class BackgroundCopy {
     DWORD copy();
     DWORD copyOnce();
 
+    const SystemCopy systemCopy_;
     const std::u16string source_;
     ScratchFile scratch_;
     const std::wstring sourcePath_;  // as the system takes it; likewise below

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/filecopier.h"
 #include "platform/win32/systemerror.h"
 
 namespace platform::win32 {
@@ -11,6 +10,9 @@ namespace {
 
 // How long the caller's windows may wait for a report, milliseconds.
 constexpr DWORD kReportInterval = 15;
+
+// Bytes that a drive reads without going anywhere else in between.
+constexpr uint64_t kSmall = uint64_t{256} << 10;
 
 // Numbers are used again when the copies that had them have long got their names.
 constexpr int kNumbers = 2 * static_cast<int>(FileCopier::kMostAhead + 2);
@@ -28,68 +30,95 @@ class Locked {
 
 }  // namespace
 
-CopyQueue::CopyQueue() : thread_(CreateThread(nullptr, 0, run, this, 0, nullptr)) {
-    if (!thread_) throw systemError(GetLastError());
+CopyQueue::CopyQueue(SystemCopy systemCopy) : systemCopy_(systemCopy) {
+    for (KernelHandle& thread : threads_) {
+        thread.reset(CreateThread(nullptr, 0, run, this, 0, nullptr));
+        if (thread) continue;
+        const DWORD error = GetLastError();
+        close();
+        throw systemError(error);
+    }
 }
 
 CopyQueue::~CopyQueue() {
     clear();
+    close();
+}
+
+void CopyQueue::close() {
     {
         const Locked locked(lock_);
         closing_ = true;
     }
-    WakeConditionVariable(&added_);
-    WaitForSingleObject(thread_.get(), INFINITE);
+    WakeAllConditionVariable(&added_);
+    for (const KernelHandle& thread : threads_) {
+        if (thread) WaitForSingleObject(thread.get(), INFINITE);
+    }
 }
 
-void CopyQueue::add(std::u16string_view source, std::u16string_view target) {
+void CopyQueue::add(const CopySource& source, std::u16string_view target) {
     number_ = number_ % kNumbers + 1;
-    auto copy = std::make_unique<BackgroundCopy>(source, target, number_);
+    auto copy = std::make_unique<BackgroundCopy>(systemCopy_, source.path, target, number_);
     {
         const Locked locked(lock_);
-        copies_.push_back(std::move(copy));
+        copies_.push_back({.copy = std::move(copy), .small = source.size <= kSmall});
     }
     WakeConditionVariable(&added_);
 }
 
 bool CopyQueue::holds(std::u16string_view source, std::u16string_view target) const {
     return std::any_of(copies_.begin(), copies_.end(),
-                       [&](const auto& copy) { return copy->isOf(source, target); });
+                       [&](const Entry& entry) { return entry.copy->isOf(source, target); });
 }
 
 bool CopyQueue::startsWith(std::u16string_view source, std::u16string_view target) const {
-    return !copies_.empty() && copies_.front()->isOf(source, target);
+    return !copies_.empty() && copies_.front().copy->isOf(source, target);
 }
 
 bool CopyQueue::waitForFirst() {
     const Locked locked(lock_);
-    if (done_ == 0) SleepConditionVariableSRW(&ended_, &lock_, kReportInterval, 0);
-    return done_ > 0;
+    const bool& ended = copies_.front().ended;
+    if (!ended) SleepConditionVariableSRW(&ended_, &lock_, kReportInterval, 0);
+    return ended;
 }
 
 std::unique_ptr<BackgroundCopy> CopyQueue::takeFirst() {
     const Locked locked(lock_);
-    auto copy = std::move(copies_.front());
+    auto copy = std::move(copies_.front().copy);
     copies_.pop_front();
     --begun_;
-    --done_;
     return copy;
 }
 
 void CopyQueue::clear() {
-    std::deque<std::unique_ptr<BackgroundCopy>> gone;
+    std::deque<Entry> gone;
     {
         const Locked locked(lock_);
         // What has not begun never will.
         copies_.resize(begun_);
-        for (const auto& copy : copies_)
-            copy->cancel();
-        while (done_ < begun_)
+        for (const Entry& entry : copies_)
+            entry.copy->cancel();
+        while (underWay() > 0)
             SleepConditionVariableSRW(&ended_, &lock_, INFINITE, 0);
         gone.swap(copies_);
         begun_ = 0;
-        done_ = 0;
     }
+}
+
+bool CopyQueue::mayBegin() const {
+    if (begun_ == copies_.size()) return false;
+    const auto first = copies_.begin();
+    const auto firstWaiting = first + static_cast<std::ptrdiff_t>(begun_);
+    return underWay() == 0 ||
+           (firstWaiting->small && std::all_of(first, firstWaiting, [](const Entry& entry) {
+                return entry.ended || entry.small;
+            }));
+}
+
+size_t CopyQueue::underWay() const {
+    const auto first = copies_.begin();
+    return static_cast<size_t>(std::count_if(first, first + static_cast<std::ptrdiff_t>(begun_),
+                                             [](const Entry& entry) { return !entry.ended; }));
 }
 
 DWORD WINAPI CopyQueue::run(void* data) noexcept {
@@ -100,16 +129,19 @@ DWORD WINAPI CopyQueue::run(void* data) noexcept {
 void CopyQueue::work() {
     AcquireSRWLockExclusive(&lock_);
     while (!closing_) {
-        if (begun_ == copies_.size()) {
+        if (!mayBegin()) {
             SleepConditionVariableSRW(&added_, &lock_, INFINITE, 0);
             continue;
         }
-        BackgroundCopy& copy = *copies_[begun_++];
+        Entry& entry = copies_[begun_++];
         ReleaseSRWLockExclusive(&lock_);
-        copy.run();
+        entry.copy->run();
         AcquireSRWLockExclusive(&lock_);
-        ++done_;
-        WakeConditionVariable(&ended_);
+        entry.ended = true;
+        // The owner takes them in their order, and waits for all of them only to clear.
+        if (copies_.front().ended) WakeConditionVariable(&ended_);
+        // What could not begin beside this one may now.
+        WakeConditionVariable(&added_);
     }
     ReleaseSRWLockExclusive(&lock_);
 }

@@ -10,6 +10,7 @@
 #include "platform/win32/systemerror.h"
 
 namespace platform::win32 {
+
 void Win32FileCopier::createFolder(std::u16string_view path) {
     if (!CreateDirectoryW(extendedPath(path).c_str(), nullptr)) {
         throw systemError(GetLastError(), path);
@@ -28,13 +29,12 @@ bool Win32FileCopier::opens(std::u16string_view path) {
     }
 }
 
-void Win32FileCopier::copy(std::u16string_view source, std::u16string_view target,
-                           std::span<const std::u16string_view> next,
-                           const CopyProgress& progress) {
+void Win32FileCopier::copy(const CopySource& source, std::u16string_view target,
+                           std::span<const CopySource> next, const CopyProgress& progress) {
     const std::u16string_view folder = target.substr(0, target.rfind(u'\\') + 1);
     if (folder != folder_) removeAbandonedScratch(folder);
     folder_ = folder;
-    if (!queue_) queue_.emplace();
+    if (!queue_) queue_.emplace(systemCopy_);
     try {
         copied(source, target, next, progress)->moveTo(target);
     } catch (...) {
@@ -56,23 +56,24 @@ std::unique_ptr<BackgroundCopy> Win32FileCopier::firstEnded(const CopyProgress& 
     return queue_->takeFirst();
 }
 
-std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(std::u16string_view source,
+std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(const CopySource& source,
                                                         std::u16string_view target,
-                                                        std::span<const std::u16string_view> next,
+                                                        std::span<const CopySource> next,
                                                         const CopyProgress& progress) {
-    for (bool ahead = queue_->startsWith(source, target);; ahead = false) {
+    for (bool ahead = queue_->startsWith(source.path, target);; ahead = false) {
         if (!ahead) {
             queue_->clear();
             queue_->add(source, target);
         }
-        for (const std::u16string_view follower : next) {
-            if (!queue_->holds(follower, target)) queue_->add(follower, target);
+        for (const CopySource& follower : next) {
+            if (!queue_->holds(follower.path, target)) queue_->add(follower, target);
         }
         std::unique_ptr<BackgroundCopy> copy = firstEnded(progress);
         if (copy->error() == ERROR_SUCCESS) return copy;
         // What failed ahead of its time may succeed in its turn.
         if (ahead) continue;
-        throw systemError(copy->error(), std::u16string(source) + u" → " + std::u16string(target));
+        throw systemError(copy->error(),
+                          std::u16string(source.path) + u" → " + std::u16string(target));
     }
 }
 

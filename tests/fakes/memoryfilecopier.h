@@ -1,6 +1,7 @@
 // A copier within a file system in memory.
 #pragma once
 
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <span>
@@ -30,6 +31,8 @@ class MemoryFileCopier : public platform::FileCopier {
     // The files announced with every copy that succeeded.
     using Paths = std::vector<std::u16string>;
     const std::vector<Paths>& announced() const { return announced_; }
+    // The size told of the source of every copy that succeeded, bytes.
+    const std::vector<uint64_t>& sizes() const { return sizes_; }
     // How many rows of copies have ended.
     int rowsEnded() const { return rowsEnded_; }
 
@@ -41,8 +44,8 @@ class MemoryFileCopier : public platform::FileCopier {
         createdFolders_.emplace_back(path);
     }
     bool opens(std::u16string_view path) override { return files_.content(path).has_value(); }
-    void copy(std::u16string_view source, std::u16string_view target,
-              std::span<const std::u16string_view> next,
+    void copy(const platform::CopySource& source, std::u16string_view target,
+              std::span<const platform::CopySource> next,
               const platform::CopyProgress& progress) override {
         if (beforeCopy_) std::exchange(beforeCopy_, nullptr)();
         if (!failures_.empty()) {
@@ -50,7 +53,7 @@ class MemoryFileCopier : public platform::FileCopier {
             failures_.pop_front();
             throw error;
         }
-        const auto bytes = files_.content(source);
+        const auto bytes = files_.content(source.path);
         if (!bytes) throw base::Error(base::ErrorNumber::FileNotFound, u"Fichier introuvable.");
         requireFolderOf(target);
         progress(bytes->size() / 2);
@@ -58,8 +61,11 @@ class MemoryFileCopier : public platform::FileCopier {
         if (files_.exists(target))
             throw base::Error(base::ErrorNumber::FileAlreadyExists, u"Le fichier existe déjà.");
         files_.addFile(target, *bytes);
-        copied_.emplace_back(source, target);
-        announced_.emplace_back(next.begin(), next.end());
+        copied_.emplace_back(source.path, target);
+        sizes_.push_back(source.size);
+        Paths& announced = announced_.emplace_back();
+        for (const platform::CopySource& follower : next)
+            announced.emplace_back(follower.path);
     }
     void endCopies() override { ++rowsEnded_; }
 
@@ -75,6 +81,7 @@ class MemoryFileCopier : public platform::FileCopier {
     std::vector<Copied> copied_;
     std::vector<std::u16string> createdFolders_;
     std::vector<Paths> announced_;
+    std::vector<uint64_t> sizes_;
     int rowsEnded_ = 0;
 };
 

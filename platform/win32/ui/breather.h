@@ -1,7 +1,7 @@
 // A long operation's pauses for its windows.
 #pragma once
 
-#include <windows.h>
+#include "platform/breathpace.h"
 
 namespace platform::win32 {
 
@@ -12,7 +12,7 @@ class Breather {
     bool breathe();
 
   private:
-    ULONGLONG last_ = 0;  // milliseconds since the system's start
+    BreathPace pace_;
 };
 
 }  // namespace platform::win32

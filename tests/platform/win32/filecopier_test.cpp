@@ -16,6 +16,7 @@
 #include "platform/scratchname.h"
 #include "platform/win32/path.h"
 #include "platform/win32/rawfile.h"
+#include "platform/win32/wide.h"
 #include "tests/platform/win32/tempfolder.h"
 
 namespace platform::win32 {
@@ -29,8 +30,12 @@ class FileCopierTest : public testing::Test {
     size_t filesInFolder() const { return testing_win32::names(folder_.path()).size(); }
     void copy(std::u16string_view source, std::u16string_view target,
               std::initializer_list<std::u16string_view> next = {}) {
-        copier_.copy(source, target, std::span(next.begin(), next.size()), [](uint64_t) {});
+        std::vector<CopySource> sources;
+        for (const std::u16string_view follower : next)
+            sources.push_back({.path = follower});
+        copier_.copy({.path = source}, target, sources, ignore);
     }
+    static void ignore(uint64_t /*done*/) {}
     using Names = std::vector<std::u16string>;
     Names names() const { return testing_win32::names(folder_.path()); }
     // A file that takes longer to copy than a window may wait; all zeros.
@@ -112,7 +117,7 @@ TEST_F(FileCopierTest, LeavesNothingOfACopyThatIsStopped) {
     struct Stop {};
     const std::u16string source = writeLong(u"a.wav");
     const auto stop = [](uint64_t) { throw Stop(); };
-    EXPECT_THROW(copier_.copy(source, path(u"b.wav"), {}, stop), Stop);
+    EXPECT_THROW(copier_.copy({.path = source, .size = kLong}, path(u"b.wav"), {}, stop), Stop);
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
@@ -121,7 +126,7 @@ TEST_F(FileCopierTest, ReportsOnTheCallingThreadHowFarItIs) {
     const DWORD caller = GetCurrentThreadId();
     uint64_t last = 0;
     int reports = 0;
-    copier_.copy(source, path(u"b.wav"), {}, [&](uint64_t done) {
+    copier_.copy({.path = source, .size = kLong}, path(u"b.wav"), {}, [&](uint64_t done) {
         EXPECT_EQ(GetCurrentThreadId(), caller);
         EXPECT_GE(done, last);
         EXPECT_LE(done, kLong);
@@ -162,11 +167,13 @@ TEST_F(FileCopierTest, ReadsARowOfFilesAhead) {
         sources.push_back(
             folder_.write(base::strNumber(number) + u".mid", randomBytes(size_t{1000} + number)));
     const std::u16string target = folder_.folder(u"Cible");
-    const std::vector<std::u16string_view> views(sources.begin(), sources.end());
-    for (size_t index = 0; index < views.size(); ++index) {
-        const auto next = std::span(views).subspan(index + 1);
-        copier_.copy(views[index], target + sources[index].substr(sources[index].rfind(u'\\')),
-                     next.first(std::min(next.size(), FileCopier::kMostAhead)), [](uint64_t) {});
+    std::vector<CopySource> row;
+    for (const std::u16string& source : sources)
+        row.push_back({.path = source, .size = 1000});
+    for (size_t index = 0; index < row.size(); ++index) {
+        const auto next = std::span(row).subspan(index + 1);
+        copier_.copy(row[index], target + sources[index].substr(sources[index].rfind(u'\\')),
+                     next.first(std::min(next.size(), FileCopier::kMostAhead)), ignore);
     }
     ASSERT_EQ(testing_win32::names(target).size(), size_t{files});
     for (int number = 0; number < files; ++number) {
@@ -206,6 +213,47 @@ TEST_F(FileCopierTest, WhatFailedAheadMaySucceedInItsTurn) {
     EXPECT_EQ(numberOf([&] { copy(path(u"missing.mp3"), path(u"w.mp3")); }),
               ErrorNumber::FileNotFound);
     EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3", u"z.mp3"}));
+}
+
+// Stand for a system that does not tell when it could not read the whole source, and for a source
+// that grows meanwhile.
+void resizeTo(LPCWSTR path, uint64_t size) {
+    RawFile(fromWide(path), GENERIC_WRITE, 0, OPEN_EXISTING, 0).resize(size);
+}
+BOOL WINAPI copyTheFirstByte(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROUTINE progress,
+                             LPVOID data, LPBOOL cancel, DWORD flags) {
+    if (!CopyFileExW(source, target, progress, data, cancel, flags)) return FALSE;
+    resizeTo(target, 1);
+    return TRUE;
+}
+BOOL WINAPI copyWithAByteMore(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROUTINE progress,
+                              LPVOID data, LPBOOL cancel, DWORD flags) {
+    if (!CopyFileExW(source, target, progress, data, cancel, flags)) return FALSE;
+    resizeTo(target, 8);
+    return TRUE;
+}
+
+TEST_F(FileCopierTest, ACopyOfAnotherLengthThanItsSourceFails) {
+    const std::u16string source = folder_.write(u"a.mp3", "content");
+    const std::u16string next = folder_.write(u"b.mp3", "next");
+    for (const SystemCopy systemCopy : {&copyTheFirstByte, &copyWithAByteMore}) {
+        Win32FileCopier copier(systemCopy);
+        const std::vector<CopySource> ahead{{.path = next, .size = 4}};
+        EXPECT_EQ(numberOf([&] { copier.copy({.path = source}, path(u"x.mp3"), ahead, ignore); }),
+                  ErrorNumber::DeviceIo);
+        EXPECT_EQ(numberOf([&] { copier.copy(ahead.front(), path(u"y.mp3"), {}, ignore); }),
+                  ErrorNumber::DeviceIo);
+        EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3"}));
+    }
+}
+
+TEST_F(FileCopierTest, AnEmptyFileIsWholeWhenItsCopyIsEmpty) {
+    const std::u16string source = folder_.write(u"a.mp3", "");
+    Win32FileCopier copier(copyTheFirstByte);
+    EXPECT_EQ(numberOf([&] { copier.copy({.path = source}, path(u"x.mp3"), {}, ignore); }),
+              ErrorNumber::DeviceIo);
+    copy(source, path(u"x.mp3"));
+    EXPECT_EQ(names(), (Names{u"a.mp3", u"x.mp3"}));
 }
 
 TEST_F(FileCopierTest, CopiesReadOnlyFiles) {
