@@ -5,6 +5,7 @@ from harness import catalogue, medium, settings
 from harness.desktop import CD_ROM, FIXED, Desktop
 from harness.player import RecordingPlayer, windows_path
 from harness.program import Program
+from harness.runwindow import keeps_its_order, keeps_its_size
 from harness.steps import add_cd, open_search, search
 from harness.waiting import wait_for
 
@@ -332,34 +333,13 @@ def in_order(results):
 
 def test_the_window_keeps_its_order_at_any_size(main):
     results = search(main)
-    assert in_order(results)
-    for asked, size in (((1000, 700), (1000, 700)), ((300, 200), (480, 360))):
-        results.resize(*asked)
-        wait_for(lambda: results.size == size, f"the size {size}")
-        wait_for(lambda: in_order(results), "the controls to follow")
+    assert keeps_its_order(results, in_order)
     close(results)
 
 
 def test_the_size_is_kept_for_the_next_run(catalogued, desktop):
     with Program(desktop, files=catalogued) as program:
-        main = program.open()
-        results = search(main)
-        results.resize(900, 650)
-        wait_for(lambda: results.size == (900, 650), "the larger window")
-        close(results)
-        program.quit()
-        values = settings.read(program.settings)
-        assert (values["LayoutValue1"], values["LayoutValue2"], values["LayoutValue3"]) == (
-            650 * 15, 900 * 15, 0)
-        results = search(program.open())
-        assert results.size == (900, 650)
-        results.maximize()
-        wait_for(lambda: results.size[0] > 1200, "the maximised window")
-        close(results)
-        program.quit()
-        values = settings.read(program.settings)
-        assert (values["LayoutValue1"], values["LayoutValue2"], values["LayoutValue3"]) == (
-            650 * 15, 900 * 15, 2)
+        assert keeps_its_size(program, search, close, (1, 2, 3))
 
 
 def test_the_lists_have_the_look_of_the_main_list(catalogued, desktop):

@@ -1,4 +1,4 @@
-"""A program with an album in its drive and a disk to copy it to."""
+"""A program with a medium in its drive and a disk to copy it to."""
 import os
 import shutil
 
@@ -16,9 +16,15 @@ def disk(tmp_path_factory):
 
 
 @pytest.fixture(scope="module")
-def desktop(disk, album_folder):
-    """E: is a CD-ROM drive with the album, H: the hard disk to copy to."""
-    with Desktop(medium=album_folder, drives={"h": (disk, FIXED)}) as made:
+def source(album_folder):
+    """What the medium to copy holds unless a test changes it."""
+    return album_folder
+
+
+@pytest.fixture(scope="module")
+def desktop(disk, source):
+    """E: is a CD-ROM drive with the medium, H: the hard disk to copy to."""
+    with Desktop(medium=source, drives={"h": (disk, FIXED)}) as made:
         yield made
 
 
@@ -28,11 +34,18 @@ def player(desktop):
 
 
 @pytest.fixture(scope="module")
-def shared(desktop, player):
-    """One program for all tests, with one of the album's titles in its catalogue."""
+def copy_settings():
+    """What the program's settings say besides the destination."""
+    return {}
+
+
+@pytest.fixture(scope="module")
+def shared(desktop, player, copy_settings):
+    """One program for all tests."""
     with Program(desktop) as made:
         settings.set_players(made.settings, [("Écoute", player.path)], current=1)
-        settings.change(made.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
+        settings.change(made.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
+                        **copy_settings)
         made.open()
         yield made
 
@@ -48,11 +61,11 @@ def target(disk):
 
 
 @pytest.fixture
-def main(shared, album_folder, player, target):
+def main(shared, source, player, target):
     player.forget()
     yield shared.form("FrmMP3")
     shared.desktop.tidy()
-    shared.desktop.set_medium("e", album_folder)
+    shared.desktop.set_medium("e", source)
     shared.only_main_window()
 
 

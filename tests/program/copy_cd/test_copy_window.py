@@ -6,6 +6,7 @@ import pytest
 from harness import medium, settings
 from harness.copies import cancel, files, markers
 from harness.program import Program
+from harness.runwindow import keeps_its_order, keeps_its_size
 from harness.steps import begin_copy, open_copy
 from harness.waiting import wait_for
 
@@ -27,15 +28,17 @@ def in_order(window):
 
 def test_the_window_keeps_its_order_at_any_size(main):
     window = begin_copy(main)
-    assert in_order(window)
-    for asked, size in (((1000, 700), (1000, 700)), ((300, 200), (480, 360))):
-        window.resize(*asked)
-        wait_for(lambda: window.size == size, f"the size {size}")
-        wait_for(lambda: in_order(window), "the controls to follow")
+    assert keeps_its_order(window, in_order)
     cancel(window)
 
 
-def test_size_and_look_are_kept_for_the_next_run(desktop, target):
+def test_the_size_is_kept_for_the_next_run(desktop, target):
+    with Program(desktop) as program:
+        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
+        assert keeps_its_size(program, begin_copy, cancel, (4, 5, 6))
+
+
+def test_the_list_has_the_look_of_the_main_list(desktop, target):
     with Program(desktop) as program:
         settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
                         FontSize=16, BackColor=0xC0F0FF)
@@ -44,20 +47,7 @@ def test_size_and_look_are_kept_for_the_next_run(desktop, target):
         shown = desktop.colours((left + 30, bottom - 20, right - 30, bottom - 4))
         assert shown == {(255, 240, 192): 1.0}
         assert window.ListInfocopy.item_height() > 20
-        window.resize(900, 650)
-        wait_for(lambda: window.size == (900, 650), "the larger window")
         cancel(window)
-        program.quit()
-        values = settings.read(program.settings)
-        assert [values[f"LayoutValue{number}"] for number in (4, 5, 6)] == [650 * 15, 900 * 15, 0]
-        window = begin_copy(program.open())
-        assert window.size == (900, 650)
-        window.maximize()
-        wait_for(lambda: window.size[0] > 1200, "the maximised window")
-        cancel(window)
-        program.quit()
-        values = settings.read(program.settings)
-        assert [values[f"LayoutValue{number}"] for number in (4, 5, 6)] == [650 * 15, 900 * 15, 2]
 
 
 @pytest.mark.parametrize("height, width, state", [(-5, 2147483647, 1), (2147483647, -1, 77)])

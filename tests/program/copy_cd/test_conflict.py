@@ -1,11 +1,7 @@
 """Copying to a place where names are taken: nothing is overwritten, and the user decides."""
-import shutil
-
 import pytest
 
-from harness import medium, settings
-from harness.desktop import FIXED, Desktop
-from harness.program import Program
+from harness import medium
 from harness.steps import begin_copy
 from harness.waiting import wait_for
 
@@ -13,39 +9,13 @@ NEW = {"titre.mp3": medium.mp3("Un", "Deux", 700), "fin.mid": medium.mid(90)}
 
 
 @pytest.fixture(scope="module")
-def disk(tmp_path_factory):
-    return tmp_path_factory.mktemp("disk")
+def source(tmp_path_factory):
+    return medium.write(tmp_path_factory.mktemp("cd"), NEW)
 
 
 @pytest.fixture(scope="module")
-def desktop(disk, tmp_path_factory):
-    source = medium.write(tmp_path_factory.mktemp("cd"), NEW)
-    with Desktop(medium=source, drives={"h": (disk, FIXED)}) as made:
-        yield made
-
-
-@pytest.fixture(scope="module")
-def shared(desktop):
-    with Program(desktop) as made:
-        settings.change(made.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
-                        CopyOption3=1)
-        made.open()
-        yield made
-
-
-@pytest.fixture
-def target(disk):
-    folder = disk / "Copies"
-    folder.mkdir()
-    yield folder
-    shutil.rmtree(folder)
-
-
-@pytest.fixture
-def main(shared, target):
-    yield shared.form("FrmMP3")
-    shared.desktop.tidy()
-    shared.only_main_window()
+def copy_settings():
+    return {"CopyOption3": 1}  # all files beside each other
 
 
 def taken(target, *names):
@@ -210,14 +180,11 @@ def test_renaming_all_asks_no_more_in_this_copy_but_in_the_next(main, target):
     assert contents(target)["fin 2 2.mid"] == NEW["fin.mid"]
 
 
-def test_two_files_of_one_name_on_the_medium_are_both_kept(main, target, tmp_path, desktop):
-    before = {"a/air.mid": medium.mid(51), "b/air.mid": medium.mid(52)}
-    link = desktop.prefix / "dosdevices" / "e:"
-    source = link.resolve()
-    desktop.set_medium("e", medium.write(tmp_path / "m", before))
+def test_two_files_of_one_name_on_the_medium_are_both_kept(main, target, tmp_path):
+    doubles = {"a/air.mid": medium.mid(51), "b/air.mid": medium.mid(52)}
+    main.desktop.set_medium("e", medium.write(tmp_path / "m", doubles))
     window = start(main)
     conflict(main, "air.mid").CommandOK.click()
     finish(window)
-    desktop.set_medium("e", source)
     assert sorted(len(data) for data in contents(target).values()) == [51, 52]
     assert set(contents(target)) == {"air.mid", "air 2.mid"}
