@@ -95,9 +95,10 @@ std::u16string upperFirst(std::u16string_view text) {
 }
 
 std::string toUtf8(std::u16string_view text) {
-    std::string bytes;
-    bytes.reserve(text.size());
-    const auto put = [&bytes](uint32_t byte) { bytes.push_back(static_cast<char>(byte)); };
+    constexpr size_t kLongest = 3;  // bytes of a unit; a pair of them takes 4
+    std::string bytes(text.size() * kLongest, '\0');
+    char* end = bytes.data();
+    const auto put = [&end](uint32_t byte) { *end++ = static_cast<char>(byte); };
     for (size_t at = 0; at < text.size();) {
         const uint32_t code = nextCodePoint(text, at);
         if (code < 0x80) {
@@ -116,6 +117,7 @@ std::string toUtf8(std::u16string_view text) {
             put(0x80 | (code & 0x3F));
         }
     }
+    bytes.resize(static_cast<size_t>(end - bytes.data()));
     return bytes;
 }
 
