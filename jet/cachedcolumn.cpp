@@ -24,9 +24,9 @@ int sign(double a, double b) {
     return a < b ? -1 : a > b;
 }
 
-bool repeats(const DictionaryValues& values) {
-    const size_t texts = values.dictionary.codeCount();
-    return texts <= kTextsOnTrial || 2 * texts <= values.codes.size();
+bool repeats(const TextDictionary& dictionary, size_t rows) {
+    const size_t texts = dictionary.codeCount();
+    return texts <= kTextsOnTrial || 2 * texts <= rows;
 }
 
 void group(DictionaryValues& values) {
@@ -43,10 +43,12 @@ void group(DictionaryValues& values) {
 
 }  // namespace
 
-CachedColumn::CachedColumn(const Column& column, TextFolder& folder, size_t dictionaryLimit)
-    : column_(&column), folder_(&folder) {
-    if (column.isText())
-        values_ = DictionaryValues{TextDictionary(order(), dictionaryLimit), {}, {0}, {}, {}, 0};
+CachedColumn::CachedColumn(const Column& column, TextFolder& folder, const CacheLimits& limits)
+    : column_(&column), folder_(&folder), limits_(&limits) {
+    if (column.isText()) {
+        values_ =
+            DictionaryValues{TextDictionary(order(), limits.dictionaryTexts), {}, {0}, {}, {}, 0};
+    }
 }
 
 size_t CachedColumn::count() const {
@@ -95,6 +97,52 @@ bool CachedColumn::appendNull() {
     return true;
 }
 
+bool CachedColumn::join(std::span<const CachedColumn* const> parts) {
+    if (parts.empty()) return true;
+    if (std::ranges::find(parts, nullptr) != parts.end()) return false;
+    size_t rows = count();
+    for (const CachedColumn* part : parts)
+        rows += part->count();
+    expect(rows);
+    return std::ranges::all_of(parts, [this](const CachedColumn* part) { return join(*part); });
+}
+
+bool CachedColumn::join(const CachedColumn& part) {
+    if (auto* values = std::get_if<NumberValues>(&values_)) {
+        values->insert(values->end(), part.numbers()->begin(), part.numbers()->end());
+        return true;
+    }
+    if (const DictionaryValues* codes = part.dictionary()) return joinCodes(*codes);
+    return (texts() || becomeTexts()) &&
+           std::get<TextValues>(values_).texts.append(part.texts()->texts);
+}
+
+bool CachedColumn::joinCodes(const DictionaryValues& part) {
+    if (auto* values = std::get_if<DictionaryValues>(&values_)) {
+        std::vector<Code> ours(part.dictionary.codeCount(), TextDictionary::kNull);
+        size_t code = 1;
+        for (; code < ours.size(); ++code) {
+            const auto known =
+                values->dictionary.add(part.dictionary.folded(static_cast<Code>(code)));
+            if (!known) break;
+            ours[code] = *known;
+        }
+        const size_t rows = values->codes.size() + part.codes.size();
+        if (code == ours.size() && repeats(values->dictionary, rows)) {
+            for (const Code theirs : part.codes)
+                appendCode(*values, ours[theirs]);
+            return true;
+        }
+        // Each part repeats its texts, but they are not the same ones.
+        if (!becomeTexts()) return false;
+    }
+    FoldedTexts& texts = std::get<TextValues>(values_).texts;
+    return std::ranges::all_of(part.codes, [&](Code code) {
+        return code == TextDictionary::kNull ? texts.appendNull()
+                                             : texts.append(part.dictionary.folded(code));
+    });
+}
+
 bool CachedColumn::appendText(const RawText& raw) {
     auto* values = std::get_if<DictionaryValues>(&values_);
     const std::span<const uint8_t> bytes(raw.bytes, raw.length);
@@ -108,7 +156,7 @@ bool CachedColumn::appendText(const RawText& raw) {
     folder_->fold(raw, folded_);
     if (values) {
         const std::optional<Code> code = values->dictionary.add(folded_);
-        if (code && repeats(*values)) {
+        if (code && repeats(values->dictionary, values->codes.size())) {
             appendCode(*values, *code);
             lastRaw_.assign(bytes.begin(), bytes.end());
             lastCoding_ = raw.coding;
@@ -248,7 +296,7 @@ size_t CachedColumn::bytesToFind() const {
 std::vector<uint32_t> CachedColumn::rowsEqualTo(std::u16string_view text) {
     if (auto* values = std::get_if<DictionaryValues>(&values_)) return rowsOfCodes(*values, text);
     auto& values = std::get<TextValues>(values_);
-    values.index.update(values.texts);
+    values.index.update(values.texts, *limits_);
     folded_.clear();
     folder_->fold(text, folded_);
     return values.index.rowsEqualTo(text, folded_, values.texts);

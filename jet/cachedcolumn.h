@@ -11,6 +11,7 @@
 #include <variant>
 #include <vector>
 
+#include "jet/cachelimits.h"
 #include "jet/condition.h"
 #include "jet/foldedtexts.h"
 #include "jet/rowset.h"
@@ -41,7 +42,7 @@ struct TextValues {
 class CachedColumn {
   public:
     // A number, Boolean or text column; all must outlive this.
-    CachedColumn(const Column& column, TextFolder& folder, size_t dictionaryLimit);
+    CachedColumn(const Column& column, TextFolder& folder, const CacheLimits& limits);
 
     const Column& column() const { return *column_; }
     size_t count() const;
@@ -50,6 +51,9 @@ class CachedColumn {
     // Appends the value of a row. False when there is no room for it.
     bool append(const Table& table, RowView row);
     bool appendNull();
+    // Appends the values of the same column for the rows that follow. False when there is no room
+    // for them.
+    bool join(std::span<const CachedColumn* const> parts);
     // The number of rows to come, to spare memory.
     void expect(size_t rows);
 
@@ -78,6 +82,8 @@ class CachedColumn {
     bool appendText(const RawText& raw);
     void appendCode(DictionaryValues& values, TextDictionary::Code code);
     bool becomeTexts();
+    bool join(const CachedColumn& part);
+    bool joinCodes(const DictionaryValues& part);
     RowSet filterByCode(const DictionaryValues& values, const ColumnTest& test,
                         const RowSet& rows) const;
     RowSet filterTexts(const TextValues& values, const ColumnTest& test, const RowSet& rows) const;
@@ -85,6 +91,7 @@ class CachedColumn {
 
     const Column* column_;
     TextFolder* folder_;
+    const CacheLimits* limits_;
     std::variant<NumberValues, DictionaryValues, TextValues> values_;
     Bytes scratch_;
     std::vector<uint8_t> folded_;

@@ -1,7 +1,9 @@
-// How much memory may make queries faster.
+// How much memory and how many processors may make queries faster.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <thread>
 
 namespace jet {
 
@@ -12,6 +14,14 @@ struct CacheLimits {
     // A column with more different texts than this is not taken for one that repeats them (65535
     // at most).
     size_t dictionaryTexts = 65535;
+    // So many rows are worth a processor of their own.
+    size_t rowsOfPart = 65536;
+    size_t processors = 0;  // 0: all there are
+
+    size_t partsFor(size_t rows) const {
+        const size_t most = processors != 0 ? processors : std::thread::hardware_concurrency();
+        return std::clamp<size_t>(rows / rowsOfPart, 1, std::max<size_t>(1, most));
+    }
 };
 
 }  // namespace jet

@@ -107,6 +107,17 @@ bool FoldedTexts::append(std::span<const uint8_t> folded) {
     return true;
 }
 
+bool FoldedTexts::append(const FoldedTexts& texts) {
+    const size_t start = buffer_.size();
+    if (texts.buffer_.size() > std::numeric_limits<uint32_t>::max() - start) return false;
+    growFor(buffer_, texts.buffer_.size());
+    growFor(ends_, texts.count());
+    buffer_.insert(buffer_.end(), texts.buffer_.begin(), texts.buffer_.end());
+    for (const uint32_t end : texts.ends_)
+        ends_.push_back(static_cast<uint32_t>(start + end));
+    return true;
+}
+
 bool FoldedTexts::appendNull() {
     const uint8_t null = kNull;
     return append({&null, 1});

@@ -62,6 +62,7 @@ class FoldedTexts {
 
     // False, and nothing done, when the buffer cannot grow any more (4 GB).
     bool append(std::span<const uint8_t> folded);
+    bool append(const FoldedTexts& texts);
     bool appendNull();
     // Makes room for `rows` rows like those there are.
     void reserve(size_t rows);

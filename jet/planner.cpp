@@ -21,6 +21,22 @@ bool isLookUp(const Condition& condition) {
            condition.test.comparison == CompareOperator::Equal;
 }
 
+template <typename Visitor>
+void forEachTest(const Condition& condition, Visitor&& visit) {
+    if (condition.kind == Condition::Kind::Test) {
+        visit(condition.test);
+        return;
+    }
+    for (const Condition& operand : condition.operands)
+        forEachTest(operand, visit);
+}
+
+// The column whose kept order is that of the query; else null.
+const Column* rankedColumn(const Query& query) {
+    const bool one = query.order.size() == 1 && !query.order.front().descending;
+    return one ? query.order.front().column : nullptr;
+}
+
 // The conditions that must all be true.
 std::span<const Condition> conjuncts(const Condition& condition) {
     if (condition.kind == Condition::Kind::And) return condition.operands;
@@ -34,6 +50,7 @@ bool Planner::wantsColumns(const Query& query) {
 }
 
 std::vector<RowId> Planner::rows(const Query& query) {
+    loadColumns(query);
     if (query.where && !query.distinct) {
         if (std::optional<RowNumbers> few = fewRows(*query.where))
             return ordered(query, std::move(*few));
@@ -54,6 +71,23 @@ std::vector<RowId> Planner::rows(const Query& query) {
     }
     sortRows(found, query, table_, textOrder_);
     return found;
+}
+
+// What the answer is found with, in one walk through the table when it is not there yet.
+void Planner::loadColumns(const Query& query) {
+    std::vector<const Column*> missing;
+    const auto want = [&](const Column* column) {
+        const bool listed = std::ranges::find(missing, column) != missing.end();
+        if (!listed && cache_.isMissing(*column)) missing.push_back(column);
+    };
+    if (query.where) {
+        forEachTest(*query.where, [&](const ColumnTest& test) { want(test.column); });
+    } else if (query.distinct && query.columns.size() == 1) {
+        want(query.columns.front());
+    } else if (const Column* column = rankedColumn(query)) {
+        want(column);
+    }
+    if (!missing.empty()) cache_.load(missing);
 }
 
 // The column of a test that can be looked up, else null.
@@ -184,9 +218,9 @@ std::vector<RowId> Planner::distinctByCode(const CachedColumn& column, const Row
 
 // The order kept for the query's, made for an answer of `count` rows where that pays; else null.
 const Ranking* Planner::rankingFor(const Query& query, size_t count) {
-    if (query.order.size() != 1 || query.order.front().descending) return nullptr;
-    const Column& column = *query.order.front().column;
-    return count < kWorthRanking ? cache_.freshRanking(column) : cache_.ranking(column);
+    const Column* const column = rankedColumn(query);
+    if (!column) return nullptr;
+    return count < kWorthRanking ? cache_.freshRanking(*column) : cache_.ranking(*column);
 }
 
 std::vector<RowId> Planner::identities(const RowNumbers& rows) const {

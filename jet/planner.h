@@ -25,6 +25,7 @@ class Planner {
   private:
     using RowNumbers = std::vector<uint32_t>;
 
+    void loadColumns(const Query& query);
     std::optional<RowNumbers> fewRows(const Condition& condition);
     const CachedColumn* lookUpColumn(const Condition& condition);
     const ColumnTest* bestLookUp(const Condition& condition);

@@ -14,7 +14,9 @@ class Pager;
 
 class RowCursor {
   public:
-    RowCursor(const Pager& pager, const UsageMap& owned, uint32_t definitionPage);
+    // From the first row that is not before page `fromPage`.
+    RowCursor(const Pager& pager, const UsageMap& owned, uint32_t definitionPage,
+              uint32_t fromPage);
 
     // Steps to the next live row; false after the last.
     bool next() {
@@ -41,6 +43,10 @@ class RowCursor {
 
     RowId id() const { return makeRowId(pageNumber_, slot_ - 1); }
     RowView row() const { return row_; }
+    // Has the page behind the present one, where its rows mostly go on, brought from memory: for
+    // walks that look into every row. Rows lie from the end of a page to its beginning, which
+    // processors do not foresee.
+    void prefetchNextPage() const;
 
   private:
     bool nextPage();
@@ -50,7 +56,7 @@ class RowCursor {
     const Pager* pager_;
     UsageMap owned_;
     uint32_t definitionPage_;
-    uint32_t nextPageNumber_ = 0;
+    uint32_t nextPageNumber_;
     uint32_t pageNumber_ = 0;
     const uint8_t* page_ = nullptr;
     const uint8_t* slots_ = nullptr;

@@ -37,8 +37,8 @@ uint64_t Table::rowCount() const {
     return static_cast<uint64_t>(std::max<int64_t>(0, int64_t{definition_.rowCount} + added));
 }
 
-RowCursor Table::rows() const {
-    return {context_.pager, owned_, definition_.page};
+RowCursor Table::rows(uint32_t fromPage) const {
+    return {context_.pager, owned_, definition_.page, fromPage};
 }
 
 bool Table::isLive(RowId row) const {

@@ -36,7 +36,7 @@ class Table {
     uint64_t rowCount() const;
 
     // Rows in file order. Use it up before the next write.
-    RowCursor rows() const;
+    RowCursor rows(uint32_t fromPage = 0) const;
     // visit(RowId, RowView); when it returns bool, false ends the walk.
     template <typename Visitor>
     void forEachRow(Visitor&& visit) const {

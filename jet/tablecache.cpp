@@ -2,13 +2,13 @@
 
 #include <algorithm>
 
+#include "jet/columnloader.h"
+
 namespace jet {
 namespace {
 
 // Small tables may take this in all; the bound per row is meant for large ones.
 constexpr size_t kFewestRows = 4096;
-// After so many rows the size of a column is foreseen, and from then on watched.
-constexpr size_t kSampleRows = 4096;
 
 }  // namespace
 
@@ -16,48 +16,45 @@ TableCache::TableCache(const Table& table, const TextOrder& order, const CacheLi
     : table_(table), limits_(limits), folder_(order), slots_(table.definition().columns.size()) {
     ids_.reserve(table.rowCount());
     table.forEachRow([this](RowId id, RowView) { ids_.push_back(id); });
-    std::ranges::sort(ids_);
     firstCount_ = ids_.size();
     for (size_t row = 0; row < ids_.size(); ++row)
         live_.pushMember();
 }
 
-TableCache::Slot& TableCache::slot(const Column& column) {
-    return slots_[static_cast<size_t>(&column - table_.definition().columns.data())];
+size_t TableCache::place(const Column& column) const {
+    return static_cast<size_t>(&column - table_.definition().columns.data());
+}
+
+bool TableCache::isMissing(const Column& column) const {
+    const Slot& slot = slots_[place(column)];
+    return !slot.column && !slot.refused;
 }
 
 CachedColumn* TableCache::column(const Column& column) {
-    Slot& place = slot(column);
-    if (place.column || place.refused) return place.column.get();
-    if (column.isText() || isComparedAsNumber(column)) {
-        auto loaded = std::make_unique<CachedColumn>(column, folder_, limits_.dictionaryTexts);
-        if (load(*loaded)) {
-            place.column = std::move(loaded);
-            return place.column.get();
-        }
+    if (isMissing(column)) {
+        const Column* const wanted = &column;
+        load({&wanted, 1});
     }
-    place.refused = true;
-    return nullptr;
+    return slot(column).column.get();
 }
 
-bool TableCache::load(CachedColumn& column) const {
-    RowCursor cursor = table_.rows();
-    bool atRow = cursor.next();
-    for (size_t row = 0; row < ids_.size(); ++row) {
-        if (row == kSampleRows) column.expect(ids_.size());
-        if (row % kSampleRows == 0 && !hasRoomFor(column.bytes())) return false;
-        if (!live_.contains(row)) {
-            if (!column.appendNull()) return false;
-            continue;
-        }
-        // The first rows are in the order of their identities, which is mostly that of the pages.
-        const RowId id = ids_[row];
-        while (row < firstCount_ && atRow && cursor.id() < id)
-            atRow = cursor.next();
-        const bool met = row < firstCount_ && atRow && cursor.id() == id;
-        if (!column.append(table_, met ? cursor.row() : table_.row(id))) return false;
+void TableCache::load(std::span<const Column* const> columns) {
+    std::vector<const Column*> wanted;
+    for (const Column* column : columns) {
+        if (!isMissing(*column)) continue;
+        Slot& place = slot(*column);
+        place.refused = true;  // unless it turns out otherwise
+        if (column->isText() || isComparedAsNumber(*column)) wanted.push_back(column);
     }
-    return hasRoomFor(column.bytes());
+    if (wanted.empty() || bytes() >= bound()) return;
+    ColumnLoader::Columns loaded =
+        ColumnLoader(table_, folder_, limits_, {ids_, firstCount_, live_})
+            .load(wanted, bound() - bytes());
+    for (size_t i = 0; i < wanted.size(); ++i) {
+        Slot& place = slot(*wanted[i]);
+        place.column = std::move(loaded[i]);
+        place.refused = !place.column;
+    }
 }
 
 const Ranking* TableCache::ranking(const Column& column) {
@@ -70,7 +67,7 @@ const Ranking* TableCache::ranking(const Column& column) {
 }
 
 const Ranking* TableCache::freshRanking(const Column& column) {
-    const Slot& place = slot(column);
+    const Slot& place = slots_[this->place(column)];
     const bool fresh = place.column && place.ranking.rows().size() == ids_.size();
     return fresh ? &place.ranking : nullptr;
 }
@@ -82,8 +79,12 @@ size_t TableCache::bytes() const {
     return bytes;
 }
 
+size_t TableCache::bound() const {
+    return limits_.bytesPerRow * std::max(ids_.size(), kFewestRows);
+}
+
 bool TableCache::hasRoomFor(size_t bytes) const {
-    return this->bytes() + bytes <= limits_.bytesPerRow * std::max(ids_.size(), kFewestRows);
+    return this->bytes() + bytes <= bound();
 }
 
 void TableCache::rowAdded(RowId id) {

@@ -4,6 +4,8 @@
 #include <array>
 #include <bit>
 
+#include "jet/parallel.h"
+
 namespace jet {
 namespace {
 
@@ -24,59 +26,93 @@ size_t TextIndex::bytesFor(size_t rows) {
     return slotsFor(rows) * sizeof(Slot) + rows * sizeof(uint32_t);
 }
 
-void TextIndex::update(const FoldedTexts& texts) {
+void TextIndex::update(const FoldedTexts& texts, const CacheLimits& limits) {
     const size_t known = next_.size();
     if (known == texts.count()) return;
     next_.resize(texts.count(), kNone);
-    if (slotsFor(used_ + texts.count() - known) > slots_.size()) {
-        grow(texts);
+    if (slotsFor(texts.count()) > slots_.size()) {
+        grow(texts, limits);
         return;
     }
-    insertFrom(known, texts);
+    for (size_t row = known; row < texts.count(); ++row)
+        insert(static_cast<uint32_t>(row), TextFolder::hash(*order_, texts.text(row)), texts);
 }
 
-void TextIndex::grow(const FoldedTexts& texts) {
+// Each part of the slots is filled by one processor. Equal texts begin at the same slot, so all of
+// them find their place in that part or none does; these come last, so that each chain is in order.
+void TextIndex::grow(const FoldedTexts& texts, const CacheLimits& limits) {
     slots_.assign(slotsFor(texts.count()), Slot{});
-    used_ = 0;
-    insertFrom(0, texts);
+    std::vector<uint64_t> hashes(texts.count());
+    const size_t parts = limits.partsFor(texts.count());
+    inParts(texts.count(), parts, [&](size_t, size_t first, size_t last) {
+        for (size_t row = first; row < last; ++row)
+            hashes[row] = TextFolder::hash(*order_, texts.text(row));
+    });
+    std::vector<std::vector<uint32_t>> left(parts);
+    inParts(slots_.size(), parts, [&](size_t part, size_t firstSlot, size_t lastSlot) {
+        left[part] = insertBetween(firstSlot, lastSlot, hashes, texts);
+    });
+    for (const std::vector<uint32_t>& rows : left)
+        for (const uint32_t row : rows)
+            insert(row, hashes[row], texts);
 }
 
-// Some rows at a time, so that the places of all are on their way from memory before the first is
-// looked at.
-void TextIndex::insertFrom(size_t first, const FoldedTexts& texts) {
+// Inserts the rows whose hash leads to slots from `firstSlot` to before `lastSlot`; gives those
+// that found no place there. Some rows at a time, so that the places of all are on their way from
+// memory before the first is looked at.
+std::vector<uint32_t> TextIndex::insertBetween(size_t firstSlot, size_t lastSlot,
+                                               std::span<const uint64_t> hashes,
+                                               const FoldedTexts& texts) {
     constexpr size_t kAtOnce = 32;
-    std::array<uint64_t, kAtOnce> hashes{};
     const size_t mask = slots_.size() - 1;
-    for (size_t row = first; row < texts.count(); row += kAtOnce) {
-        const size_t count = std::min(kAtOnce, texts.count() - row);
-        for (size_t i = 0; i < count; ++i) {
-            hashes[i] = TextFolder::hash(*order_, texts.text(row + i));
-            __builtin_prefetch(&slots_[hashes[i] & mask], 1);
+    std::vector<uint32_t> left;
+    Scratch scratch;
+    std::array<uint32_t, kAtOnce> rows{};
+    for (size_t row = 0; row < hashes.size();) {
+        size_t count = 0;
+        for (; row < hashes.size() && count < kAtOnce; ++row) {
+            const size_t slot = hashes[row] & mask;
+            if (slot < firstSlot || slot >= lastSlot) continue;
+            __builtin_prefetch(&slots_[slot], 1);
+            rows[count++] = static_cast<uint32_t>(row);
         }
-        for (size_t i = 0; i < count; ++i)
-            insert(static_cast<uint32_t>(row + i), hashes[i], texts);
+        for (const uint32_t each : std::span(rows).first(count)) {
+            const size_t slot = hashes[each] & mask;
+            if (!insertFrom(slot, lastSlot, each, hashes[each], texts, scratch))
+                left.push_back(each);
+        }
     }
+    return left;
 }
 
 void TextIndex::insert(uint32_t row, uint64_t hash, const FoldedTexts& texts) {
-    if (texts.isNull(row)) return;
     const size_t mask = slots_.size() - 1;
-    for (size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        Slot& place = slots_[slot];
-        if (place.row != kNone && (place.tag != tagOf(hash) || !sameTexts(row, place.row, texts)))
-            continue;
-        if (place.row == kNone) ++used_;
-        next_[row] = place.row;
-        place = {row, tagOf(hash)};
-        return;
-    }
+    if (!insertFrom(hash & mask, slots_.size(), row, hash, texts, scratch_))
+        insertFrom(0, slots_.size(), row, hash, texts, scratch_);
 }
 
-bool TextIndex::sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts) {
+// False when there is no place from `slot` to before `lastSlot`.
+bool TextIndex::insertFrom(size_t slot, size_t lastSlot, uint32_t row, uint64_t hash,
+                           const FoldedTexts& texts, Scratch& scratch) {
+    if (texts.isNull(row)) return true;
+    for (; slot < lastSlot; ++slot) {
+        Slot& place = slots_[slot];
+        const bool isFree = place.row == kNone;
+        if (!isFree && (place.tag != tagOf(hash) || !sameTexts(row, place.row, texts, scratch)))
+            continue;
+        next_[row] = place.row;
+        place = {row, tagOf(hash)};
+        return true;
+    }
+    return false;
+}
+
+bool TextIndex::sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts,
+                          Scratch& scratch) const {
     if (std::ranges::equal(texts.text(a), texts.text(b))) return true;
-    TextFolder::decode(texts.text(a), left_);
-    TextFolder::decode(texts.text(b), right_);
-    return order_->equal(left_, right_);
+    TextFolder::decode(texts.text(a), scratch.left);
+    TextFolder::decode(texts.text(b), scratch.right);
+    return order_->equal(scratch.left, scratch.right);
 }
 
 std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text,
@@ -90,8 +126,8 @@ std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text,
         if (slots_[slot].tag != tagOf(hash)) continue;
         const std::span<const uint8_t> found = texts.text(slots_[slot].row);
         if (!std::ranges::equal(found, folded)) {
-            TextFolder::decode(found, right_);
-            if (!order_->equal(text, right_)) continue;
+            TextFolder::decode(found, scratch_.right);
+            if (!order_->equal(text, scratch_.right)) continue;
         }
         for (uint32_t row = slots_[slot].row; row != kNone; row = next_[row])
             rows.push_back(row);

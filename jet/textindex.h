@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "jet/cachelimits.h"
 #include "jet/foldedtexts.h"
 #include "jet/textorder.h"
 
@@ -17,8 +18,9 @@ class TextIndex {
     // `order` must outlive the index.
     explicit TextIndex(const TextOrder& order) : order_(&order) {}
 
-    // Takes in the rows behind those that it knows. `texts` is always the same column.
-    void update(const FoldedTexts& texts);
+    // Takes in the rows behind those that it knows. `texts` is always the same column. Several
+    // processors share the work where `limits` let them.
+    void update(const FoldedTexts& texts, const CacheLimits& limits);
 
     // The rows that it knows whose text equals `text`, in descending order; `folded` is the same
     // text folded.
@@ -38,18 +40,24 @@ class TextIndex {
         uint32_t row = kNone;  // the last of a chain of equal texts
         uint32_t tag = 0;      // of their hash; spares looking at most of the texts that differ
     };
+    // Room for two texts that are compared.
+    struct Scratch {
+        std::u16string left;
+        std::u16string right;
+    };
 
-    void grow(const FoldedTexts& texts);
-    void insertFrom(size_t first, const FoldedTexts& texts);
+    void grow(const FoldedTexts& texts, const CacheLimits& limits);
+    std::vector<uint32_t> insertBetween(size_t firstSlot, size_t lastSlot,
+                                        std::span<const uint64_t> hashes, const FoldedTexts& texts);
     void insert(uint32_t row, uint64_t hash, const FoldedTexts& texts);
-    bool sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts);
+    bool insertFrom(size_t slot, size_t lastSlot, uint32_t row, uint64_t hash,
+                    const FoldedTexts& texts, Scratch& scratch);
+    bool sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts, Scratch& scratch) const;
 
     const TextOrder* order_;
     std::vector<Slot> slots_;
     std::vector<uint32_t> next_;  // by row: the one before it in its chain, or kNone
-    size_t used_ = 0;             // slots taken
-    std::u16string left_;
-    std::u16string right_;
+    Scratch scratch_;
 };
 
 }  // namespace jet

@@ -171,9 +171,10 @@ TEST_P(PlannerTest, StartsFromAnEmptyTable) {
 constexpr CacheLimits kLimits[] = {
     {},
     {.dictionaryTexts = 30},  // titles and paths are kept one by one
-    {.dictionaryTexts = 0},   // all texts are
-    {.bytesPerRow = 20},      // not all columns find room
-    {.bytesPerRow = 0},       // none does
+    {.dictionaryTexts = 30, .rowsOfPart = 50, .processors = 3},  // and read in parts
+    {.dictionaryTexts = 0, .rowsOfPart = 50, .processors = 2},   // all texts are
+    {.bytesPerRow = 20},                                         // not all columns find room
+    {.bytesPerRow = 0},                                          // none does
 };
 INSTANTIATE_TEST_SUITE_P(Limits, PlannerTest, testing::ValuesIn(kLimits));
 

@@ -129,5 +129,58 @@ TEST_F(TableCacheTest, ReadsAColumnAfterRowsWereRemoved) {
     EXPECT_EQ((*sizes->numbers())[1], 2);
 }
 
+// What several processors read in parts is what one reads.
+TEST_F(TableCacheTest, JoinsThePartsOfItsColumns) {
+    addRows(1500);
+    table_->append(std::vector<Value>{u"last", Null{}, Null{}, Null{}, Null{}, Null{}, u"WAV"});
+    TableCache parts = cache({.rowsOfPart = 200, .processors = 4});
+    TableCache one = cache({.processors = 1});
+    const std::vector<const Column*> wanted = {&column(u"Nom"), &column(u"Taille"),
+                                               &column(u"Type"), &column(u"Compilation")};
+    parts.load(wanted);
+    for (const Column* each : wanted) {
+        EXPECT_FALSE(parts.isMissing(*each));
+        const CachedColumn& joined = *parts.column(*each);
+        const CachedColumn& whole = *one.column(*each);
+        EXPECT_EQ(joined.dictionary() == nullptr, whole.dictionary() == nullptr);
+        ASSERT_EQ(joined.count(), 1501u);
+        for (size_t row = 0; row + 1 < joined.count(); ++row)
+            ASSERT_EQ(joined.compare(row, row + 1), whole.compare(row, row + 1)) << row;
+    }
+    EXPECT_EQ(parts.column(column(u"Type"))->countEqualTo(u"mp3"), 1500u);
+    EXPECT_EQ(parts.column(column(u"Nom"))->rowsEqualTo(u"TITLE 1499"),
+              (std::vector<uint32_t>{1499}));
+    EXPECT_EQ(parts.column(column(u"Nom"))->rowsEqualTo(u"last"), (std::vector<uint32_t>{1500}));
+}
+
+// 900 texts for two rows each. Each part finds room for its own in a dictionary, but not for those
+// of the others.
+TEST_F(TableCacheTest, GivesUpTheDictionariesOfPartsThatDoNotFitTogether) {
+    for (int i = 0; i < 1800; ++i) {
+        const std::string digits = std::to_string(i / 2);
+        addRow(u"Title " + std::u16string(digits.begin(), digits.end()), i);
+    }
+    const CacheLimits inParts = {.dictionaryTexts = 700, .rowsOfPart = 600, .processors = 3};
+    TableCache parts = cache(inParts);
+    const CachedColumn& names = *parts.column(column(u"Nom"));
+    ASSERT_NE(names.texts(), nullptr);
+    ASSERT_EQ(names.count(), 1800u);
+    for (size_t row = 0; row + 2 < 1800; row += 2) {
+        EXPECT_EQ(names.compare(row, row + 1), 0);
+        EXPECT_NE(names.compare(row, row + 2), 0);
+    }
+}
+
+TEST_F(TableCacheTest, GivesUpTheLastColumnsThatFindNoRoom) {
+    addRows(5000);
+    TableCache rows = cache({.bytesPerRow = 24, .rowsOfPart = 1000, .processors = 2});
+    const std::vector<const Column*> wanted = {&column(u"Taille"), &column(u"Nom"),
+                                               &column(u"Type")};
+    rows.load(wanted);
+    EXPECT_NE(rows.column(column(u"Taille")), nullptr);
+    EXPECT_EQ(rows.column(column(u"Nom")), nullptr);
+    EXPECT_FALSE(rows.isMissing(column(u"Nom")));
+}
+
 }  // namespace
 }  // namespace jet

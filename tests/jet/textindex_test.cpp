@@ -17,7 +17,7 @@ class TextIndexTest : public testing::Test {
         ASSERT_TRUE(texts_.append(folded));
     }
     std::vector<uint32_t> rows(std::u16string_view text) {
-        index_.update(texts_);
+        index_.update(texts_, limits_);
         std::vector<uint8_t> folded;
         folder_.fold(text, folded);
         return index_.rowsEqualTo(text, folded, texts_);
@@ -29,6 +29,7 @@ class TextIndexTest : public testing::Test {
 
     TextFolder folder_{TextOrder::general4()};
     FoldedTexts texts_;
+    CacheLimits limits_;
     TextIndex index_{TextOrder::general4()};
 };
 
@@ -57,12 +58,28 @@ TEST_F(TextIndexTest, AnEmptyOneFindsNothing) {
 TEST_F(TextIndexTest, GrowsWithItsTexts) {
     for (int i = 0; i < 5000; ++i) {
         add(numbered(i % 2000));
-        if (i % 37 == 0) index_.update(texts_);
+        if (i % 37 == 0) index_.update(texts_, limits_);
     }
     for (int i = 0; i < 2000; ++i)
         ASSERT_EQ(rows(numbered(i)).size(), i < 1000 ? 3u : 2u) << i;
     EXPECT_EQ(rows(numbered(3)), (std::vector<uint32_t>{4003, 2003, 3}));
     EXPECT_LE(index_.bytes(), 2 * TextIndex::bytesFor(5000));
+}
+
+TEST_F(TextIndexTest, IsTheSameWhoeverFillsIt) {
+    // Full enough that texts run over the end of a processor's part, and of the table.
+    constexpr int kTexts = 3000;
+    for (int i = 0; i < 2 * kTexts; ++i)
+        add(numbered(i % kTexts));
+    for (size_t processors = 1; processors <= 64; processors *= 2) {
+        limits_ = {.rowsOfPart = 1, .processors = processors};
+        index_ = TextIndex(TextOrder::general4());
+        for (int i = 0; i < kTexts; ++i) {
+            const auto row = static_cast<uint32_t>(i);
+            ASSERT_EQ(rows(numbered(i)), (std::vector<uint32_t>{row + kTexts, row}))
+                << processors << " processors";
+        }
+    }
 }
 
 }  // namespace
