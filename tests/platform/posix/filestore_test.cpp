@@ -9,15 +9,13 @@
 #include <csignal>
 #include <filesystem>
 #include <functional>
-#include <string>
 
 #include "base/error.h"
-#include "base/text.h"
 #include "jet/journal.h"
 #include "jet/store.h"
 #include "jet/table.h"
 #include "jet/verifier.h"
-#include "tests/fakes/projectfiles.h"
+#include "tests/platform/posix/cataloguefolder.h"
 
 namespace platform::posix {
 
@@ -62,26 +60,9 @@ class OtherProcess {
     bool worked_ = false;
 };
 
-class PosixFileStoreTest : public testing::Test {
+class PosixFileStoreTest : public CatalogueFolderTest {
   protected:
-    void SetUp() override {
-        std::string name = (std::filesystem::temp_directory_path() / "brivantole.XXXXXX").string();
-        ASSERT_NE(::mkdtemp(name.data()), nullptr);
-        folder_ = name;
-        std::filesystem::copy_file(fakes::projectPath("data/Brivantole.mdb"),
-                                   folder_ / "Brivantole.mdb");
-        path_ = base::fromUtf8((folder_ / "Brivantole.mdb").string());
-    }
-    void TearDown() override { std::filesystem::remove_all(folder_); }
-
-    static void append(jet::Table& table, int count) {
-        for (int number = 0; number < count; ++number)
-            table.append(std::vector<jet::Value>{std::u16string(3000, u'Ω'), std::u16string(u"b"),
-                                                 std::u16string(u"c"), std::u16string(u"d"), 1.0,
-                                                 std::u16string(u"CD"), std::u16string(u"MP3")});
-    }
-
-    void expectInUse(const std::function<void()>& opening) {
+    static void expectInUse(const std::function<void()>& opening) {
         try {
             opening();
             ADD_FAILURE();
@@ -90,10 +71,6 @@ class PosixFileStoreTest : public testing::Test {
             EXPECT_EQ(error.text(), u"Le catalogue est déjà utilisé par un autre programme.");
         }
     }
-
-    std::filesystem::path folder_;
-    std::u16string path_;
-    PosixFileStore files_;
 };
 
 TEST_F(PosixFileStoreTest, ASecondProcessIsToldThatTheCatalogueIsInUse) {
@@ -113,7 +90,7 @@ TEST_F(PosixFileStoreTest, WhatAKilledProcessHadBegunIsUndoneByTheNext) {
         append(store->table(u"ListDonnees"), 3);
         store->commit();
     }
-    const auto size = std::filesystem::file_size(folder_ / "Brivantole.mdb");
+    const auto size = std::filesystem::file_size(file());
     std::unique_ptr<jet::Store> first;
     OtherProcess other([&] {
         first = jet::Store::open(files_, path_, {.spillBytes = 16384});
@@ -121,11 +98,11 @@ TEST_F(PosixFileStoreTest, WhatAKilledProcessHadBegunIsUndoneByTheNext) {
         append(first->table(u"ListDonnees"), 100);
     });
     ASSERT_TRUE(other.worked());
-    EXPECT_GT(std::filesystem::file_size(folder_ / "Brivantole.mdb"), size);
+    EXPECT_GT(std::filesystem::file_size(file()), size);
     other.kill();
     EXPECT_TRUE(files_.exists(jet::journalPath(path_)));
     EXPECT_EQ(jet::Store::open(files_, path_)->table(u"ListDonnees").rowCount(), 3u);
-    EXPECT_EQ(std::filesystem::file_size(folder_ / "Brivantole.mdb"), size);
+    EXPECT_EQ(std::filesystem::file_size(file()), size);
     EXPECT_FALSE(files_.exists(jet::journalPath(path_)));
     EXPECT_TRUE(jet::verifyDatabase(files_, path_).findings.empty());
 }
