@@ -19,7 +19,7 @@ std::optional<uint64_t> sizeBehindLink(const std::wstring& path) {
     return static_cast<uint64_t>(size.QuadPart);
 }
 
-// Bytes; none, with the system's last error, when it cannot be told.
+// Bytes; none when the system does not tell.
 std::optional<uint64_t> sizeOf(const std::wstring& path) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!GetFileAttributesExW(path.c_str(), GetFileExInfoStandard, &data)) return std::nullopt;
@@ -60,7 +60,6 @@ DWORD BackgroundCopy::copy() {
 
 DWORD BackgroundCopy::copyOnce() {
     const std::optional<uint64_t> size = sizeOf(sourcePath_);
-    if (!size) return GetLastError();
     // Where it may overwrite, the system first looks whether both are the same file.
     if (!systemCopy_(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this, &cancel_,
                      COPY_FILE_FAIL_IF_EXISTS)) {

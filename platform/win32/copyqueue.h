@@ -31,6 +31,8 @@ class CopyQueue {
     void add(const CopySource& source, std::u16string_view target);
     // Whether there is a copy of `source` for the folder of `target`.
     bool holds(std::u16string_view source, std::u16string_view target) const;
+    // How many copies there are, whether they wait, go on or have ended.
+    size_t size() const { return copies_.size(); }
     bool startsWith(std::u16string_view source, std::u16string_view target) const;
 
     // These need a first copy. Waits for its end, but no longer than a window may; true at the end.

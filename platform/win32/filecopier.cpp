@@ -56,6 +56,14 @@ std::unique_ptr<BackgroundCopy> Win32FileCopier::firstEnded(const CopyProgress& 
     return queue_->takeFirst();
 }
 
+void Win32FileCopier::addMissing(std::span<const CopySource> next, std::u16string_view target) {
+    // Several at once, so that the threads need not be woken for each.
+    if (queue_->size() > FileCopier::kMostAhead / 2) return;
+    for (const CopySource& follower : next) {
+        if (!queue_->holds(follower.path, target)) queue_->add(follower, target);
+    }
+}
+
 std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(const CopySource& source,
                                                         std::u16string_view target,
                                                         std::span<const CopySource> next,
@@ -65,9 +73,7 @@ std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(const CopySource& source
             queue_->clear();
             queue_->add(source, target);
         }
-        for (const CopySource& follower : next) {
-            if (!queue_->holds(follower.path, target)) queue_->add(follower, target);
-        }
+        addMissing(next, target);
         std::unique_ptr<BackgroundCopy> copy = firstEnded(progress);
         if (copy->error() == ERROR_SUCCESS) return copy;
         // What failed ahead of its time may succeed in its turn.

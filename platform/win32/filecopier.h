@@ -24,6 +24,8 @@ class Win32FileCopier : public FileCopier {
   private:
     // Sees the first copy of the queue to its end, and hands it out.
     std::unique_ptr<BackgroundCopy> firstEnded(const CopyProgress& progress);
+    // Adds those of the next files that are not in the queue, once it is half empty.
+    void addMissing(std::span<const CopySource> next, std::u16string_view target);
     std::unique_ptr<BackgroundCopy> copied(const CopySource& source, std::u16string_view target,
                                            std::span<const CopySource> next,
                                            const CopyProgress& progress);

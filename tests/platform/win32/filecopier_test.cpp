@@ -44,6 +44,20 @@ class FileCopierTest : public testing::Test {
         RawFile(file, GENERIC_WRITE, 0, OPEN_EXISTING, 0).resize(kLong);
         return file;
     }
+    // Waits for a file under way with this content.
+    void waitUntilAhead(std::string_view content) const {
+        const auto isAhead = [&] {
+            const Names all = names();
+            return std::ranges::any_of(all, [&](const std::u16string& name) {
+                return name.starts_with(u"~") && testing_win32::content(path(name)) == content;
+            });
+        };
+        const ULONGLONG deadline = GetTickCount64() + 60'000;
+        while (!isAhead()) {
+            ASSERT_LT(GetTickCount64(), deadline) << "nothing is read ahead";
+            Sleep(1);
+        }
+    }
     template <class Call>
     static ErrorNumber numberOf(Call call) {
         return static_cast<ErrorNumber>(testing_win32::errorOf(call));
@@ -141,18 +155,7 @@ TEST_F(FileCopierTest, ReadsTheNextFileAhead) {
     const std::u16string second = folder_.write(u"b.mp3", "second");
     copy(first, path(u"x.mp3"), {second});
     EXPECT_EQ(testing_win32::content(path(u"x.mp3")), "first");
-    const auto isAhead = [&] {
-        for (const std::u16string& name : names()) {
-            if (name.starts_with(u"~") && testing_win32::content(path(name)) == "second")
-                return true;
-        }
-        return false;
-    };
-    const ULONGLONG deadline = GetTickCount64() + 60'000;
-    while (!isAhead()) {
-        ASSERT_LT(GetTickCount64(), deadline) << "nothing is read ahead";
-        Sleep(1);
-    }
+    waitUntilAhead("second");
     // What is ahead needs its source no more.
     ASSERT_TRUE(DeleteFileW(extendedPath(second).c_str()));
     copy(second, path(u"y.mp3"));
@@ -198,8 +201,10 @@ TEST_F(FileCopierTest, WhatWasReadAheadForOneFolderDoesNotGoToAnother) {
     const std::u16string second = folder_.write(u"b.mp3", "second");
     const std::u16string other = folder_.folder(u"Autre");
     copy(first, path(u"x.mp3"), {second});
+    waitUntilAhead("second");
+    folder_.write(u"b.mp3", "changed");
     copy(second, other + u"\\y.mp3");
-    EXPECT_EQ(testing_win32::content(other + u"\\y.mp3"), "second");
+    EXPECT_EQ(testing_win32::content(other + u"\\y.mp3"), "changed");
     EXPECT_EQ(names(), (Names{u"Autre", u"a.mp3", u"b.mp3", u"x.mp3"}));
 }
 

@@ -1,9 +1,14 @@
 """What can go wrong with a copy: a message, nothing half done, nothing overwritten."""
+import pathlib
+
 from harness import catalogue, medium, settings
 from harness.copies import MUSIC, failing_copy, files, markers
 from harness.program import Program
 from harness.steps import add_cd, begin_copy, finish_copy, open_copy
 from harness.waiting import wait_for
+
+# Its length is told as a page, and it holds a number.
+READ_IN_PART = pathlib.Path("/sys/kernel/uevent_seqnum")
 
 
 def test_a_disc_taken_out_ends_the_copy_with_a_message(main, target):
@@ -24,6 +29,32 @@ def test_a_disc_taken_out_during_the_copy_keeps_what_is_whole(main, target, long
     main.program.wait_gone("FrmInfoCopy")
     assert [path.name for path in target.rglob("*") if path.is_file()] == ["gros.wav"]
     assert (target / "gros.wav").stat().st_size == 1 << 30
+
+
+def test_a_disc_taken_out_while_it_is_read_leaves_what_was_read(main, target, tmp_path):
+    tracks = {f"{number % 50}/{number}.mid": medium.mid() for number in range(6000)}
+    main.desktop.set_medium("e", medium.write(tmp_path / "m", tracks))
+    open_copy(main).ComCopierOK.click()
+    window = main.program.form("FrmInfoCopy")
+    wait_for(lambda: window.LabelInfoCopy.text.startswith("Analyse des"), "tracks to be read")
+    main.desktop.set_medium("e", None)
+    wait_for(lambda: window.LabelInfoCopy.text.startswith("Analyse terminée."), "the tracks")
+    assert 0 < window.ListInfocopy.count < len(tracks)
+    assert f" sur {window.ListInfocopy.count} morceaux trouvés (" in window.LabelInfoCopy.text
+    assert "E:\\" in failing_copy(window)
+    assert files(target) == {} and main.state["enabled"]
+
+
+def test_a_file_that_can_only_be_read_in_part_is_not_copied(main, target, tmp_path):
+    tracks = {"a.mid": medium.mid(60), "b.mid": medium.mid(70)}
+    folder = medium.write(tmp_path / "m", tracks)
+    main.desktop.set_medium("e", folder)
+    window = begin_copy(main)
+    # A file of the kernel's, which says that it is longer than what can be read of it.
+    (folder / "b.mid").unlink()
+    (folder / "b.mid").symlink_to(READ_IN_PART)
+    assert "E:\\b.mid" in failing_copy(window)
+    assert files(target) in ({}, {"a.mid": tracks["a.mid"]})
 
 
 def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_medium, album_folder):

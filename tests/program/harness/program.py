@@ -8,7 +8,7 @@ import tempfile
 
 from .form import Form, Message
 from .paths import BUILD, PROGRAM, SHIPPED
-from .waiting import NeverCame, wait_for
+from .waiting import DEADLINE, NeverCame, wait_for
 
 
 # How long the window manager may take to give a new window the keys, in seconds.
@@ -85,13 +85,13 @@ class Program:
                 return Message(self, window)
         return None
 
-    def message(self):
+    def message(self, deadline=DEADLINE):
         """The message box or common dialog on top, once there is one."""
-        return self._ready(self.message_or_none, "a message box")
+        return self._ready(self.message_or_none, "a message box", deadline)
 
-    def _ready(self, find, what):
+    def _ready(self, find, what, deadline=DEADLINE):
         """A window once it is shown and gets the keys that are typed."""
-        window = wait_for(lambda: find() or self._must_live(), what)
+        window = wait_for(lambda: find() or self._must_live(), what, deadline)
 
         def gets_keys():
             return self.desktop.active_title() == window.title
@@ -111,6 +111,12 @@ class Program:
     @property
     def running(self):
         return self.process is not None and self.process.poll() is None
+
+    def memory(self):
+        """Bytes that its process has in memory now."""
+        status = pathlib.Path(f"/proc/{self.process.pid}/status").read_text(encoding="ascii")
+        line, = (line for line in status.splitlines() if line.startswith("VmRSS:"))
+        return int(line.split()[1]) * 1024
 
     def exit_code(self):
         """Waits for the program's end."""

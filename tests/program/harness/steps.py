@@ -1,5 +1,5 @@
 """What a user does again and again."""
-from .waiting import wait_for
+from .waiting import DEADLINE, wait_for
 
 ALL = "*** TOUS LES TITRES ***"
 
@@ -66,13 +66,14 @@ def open_copy(main):
     return main.program.form("FrmCDcopy")
 
 
-def begin_copy(main, setup=lambda dialog: None):
+def begin_copy(main, setup=lambda dialog: None, deadline=DEADLINE):
     """Sets a copy up, as it stands but for what `setup` does, and waits for the choice of tracks."""
     dialog = open_copy(main)
     setup(dialog)
     dialog.ComCopierOK.click()
     window = main.program.form("FrmInfoCopy")
-    wait_for(lambda: window.LabelInfoCopy.text.startswith("Analyse terminée."), "the tracks")
+    wait_for(lambda: window.LabelInfoCopy.text.startswith("Analyse terminée."), "the tracks",
+             deadline=deadline)
     return window
 
 
