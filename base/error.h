@@ -18,6 +18,7 @@ enum class ErrorNumber : int {
     FileAlreadyExists = 58,
     DiskFull = 61,
     InputPastEnd = 62,
+    DeviceUnavailable = 68,
     PermissionDenied = 70,
     DiskNotReady = 71,
     PathFileAccess = 75,

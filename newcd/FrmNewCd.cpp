@@ -1,5 +1,7 @@
 #include "newcd/FrmNewCd.h"
 
+#include <utility>
+
 #include "catalogue/cdromdrive.h"
 #include "config/cdromdrive.h"
 #include "newcd/FrmCDcopy.h"
@@ -56,9 +58,11 @@ void copyMusicFiles(const Program& program, HWND owner) {
 void chooseCdRomDrive(const Program& program, HWND owner) {
     catalogue::Settings& settings = program.settings;
     const std::u16string remembered = settings.CdRomDrive;
-    FrmRechCD(settings, program.system.drives, program.scanState).askCdRomDrive(owner);
-    settings.CdRomDrive =
-        config::acceptedCdRomDrive(program.system.drives, remembered, settings.CdRomDrive);
+    const platform::Drives& drives = program.system.drives;
+    if (!FrmRechCD(settings, drives, program.scanState).askCdRomDrive(owner)) return;
+    // A drive that has gone meanwhile leaves the one before in force.
+    const std::u16string chosen = std::exchange(settings.CdRomDrive, remembered);
+    settings.CdRomDrive = config::acceptedCdRomDrive(drives, remembered, chosen);
 }
 
 }  // namespace newcd

@@ -20,7 +20,8 @@ void searchKnownTitles(const Program& program, HWND owner);
 // Copies the music files of a medium to the disk.
 void copyMusicFiles(const Program& program, HWND owner);
 
-// Lets the user choose settings.CdRomDrive; what is no CD-ROM drive is refused.
+// Lets the user choose settings.CdRomDrive; what is no CD-ROM drive is refused. Throws when the
+// chosen drive has gone meanwhile.
 void chooseCdRomDrive(const Program& program, HWND owner);
 
 }  // namespace newcd

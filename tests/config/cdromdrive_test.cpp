@@ -1,5 +1,6 @@
 #include "config/cdromdrive.h"
 
+#include "base/error.h"
 #include "gtest/gtest.h"
 #include "tests/fakes/fakedrives.h"
 
@@ -28,12 +29,25 @@ TEST(AcceptedCdRomDrive, RefusesEveryOtherType) {
 }
 
 TEST(AcceptedCdRomDrive, RefusesWhatIsNoDrive) {
-    for (const std::u16string_view other : {u"Z:", u"", u"F", u"FF"})
+    for (const std::u16string_view other : {u"", u"F", u"FF"})
         EXPECT_EQ(acceptedCdRomDrive(drives, u"E:", other), u"E:");
 }
 
 TEST(AcceptedCdRomDrive, GivesBackWhateverWasRemembered) {
-    EXPECT_EQ(acceptedCdRomDrive(fakes::FakeDrives(), u"Q:", u"E:"), u"Q:");
+    EXPECT_EQ(acceptedCdRomDrive(drives, u"Q:", u"C:"), u"Q:");
+}
+
+TEST(AcceptedCdRomDrive, SaysThatADriveHasGone) {
+    try {
+        acceptedCdRomDrive(drives, u"E:", u"z: [ROCK]");
+        FAIL() << "nothing was said";
+    } catch (const base::Error& error) {
+        EXPECT_EQ(error.number(), base::ErrorNumber::DeviceUnavailable);
+        EXPECT_EQ(
+            error.text(),
+            u"Le lecteur Z: n'est plus là. Rebranchez-le ou choisissez un autre lecteur de CD "
+            u"ROM.");
+    }
 }
 
 }  // namespace

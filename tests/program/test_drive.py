@@ -135,6 +135,31 @@ def test_enter_confirms(desktop):
         assert main.Label2.text == "F:\\"
 
 
+@pytest.mark.parametrize("end", ["CommandOK", "CommandAnnul"])
+def test_a_drive_that_goes_while_it_is_chosen_is_missed(tmp_path, end):
+    folders = [medium.write(tmp_path / name, {"a.mid": medium.mid()}) for name in ("cd", "usb")]
+    with Desktop(medium=folders[0], drives={"f": (folders[1], CD_ROM)}) as desktop, \
+            Program(desktop) as program:
+        main = program.open()
+        dialog = open_choice(main)
+        dialog.DriveRech.choose_entry("f:")
+        assert desktop.probe.ask("removedrive", "f")
+        dialog.control(end).click()
+        if end == "CommandOK":
+            report = program.message()
+            assert report.text.endswith(
+                "\nLe lecteur F: n'est plus là. Rebranchez-le ou choisissez un autre lecteur de CD ROM.")
+            report.answer("OK")
+        program.wait_gone("FrmRechCD")
+        assert program.message_or_none() is None and main.Label2.text == "E:\\"
+        dialog = open_choice(main)
+        assert "F:" not in [row[:2].upper() for row in dialog.DriveRech.items()]
+        dialog.CommandAnnul.click()
+        dialog.wait_gone()
+        assert program.quit() == 0
+        assert settings.read(program.settings)["CdRomDrive"] == "E:"
+
+
 def test_no_two_items_of_a_menu_have_the_same_letter(main):
     def check(items):
         letters = [item["caption"].split("\t")[0].partition("&")[2][:1].upper() for item in items

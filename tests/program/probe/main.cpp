@@ -1,7 +1,7 @@
 // Tells what the windows of other programs show. It only looks: acting is left to real clicks and
 // keys. What it does is what no hand can do: to keep the clipboard, as any other program may, to
-// press a button by a message, as a program that works for its user does, and to change the
-// resolution that a window is shown at.
+// press a button by a message, as a program that works for its user does, to change the resolution
+// that a window is shown at, and to pull a drive's plug.
 //
 // Each line of the input is a question, such as "tree 65620"; each answer is one line, a JSON
 // object with "answer" or "error". See the table below for the questions.
@@ -36,6 +36,12 @@ void tellDrive(Json& json, std::istream& arguments) {
     std::string letter;
     arguments >> letter;
     json.number(static_cast<int64_t>(GetDriveTypeA((letter + ":\\").c_str())));
+}
+
+void removeDrive(Json& json, std::istream& arguments) {
+    std::string letter;
+    arguments >> letter;
+    json.boolean(DefineDosDeviceA(DDD_REMOVE_DEFINITION, (letter + ":").c_str(), nullptr) != FALSE);
 }
 
 void tellListView(Json& json, std::istream& arguments) {
@@ -89,6 +95,7 @@ const std::map<std::string, Question>& questions() {
         {"holdclipboard", alone(probe::holdClipboard)},
         {"releaseclipboard", alone(probe::releaseClipboard)},
         {"drive", tellDrive},
+        {"removedrive", removeDrive},
     };
     return all;
 }
