@@ -55,6 +55,7 @@ void VirtualList::setCount(size_t count) {
 }
 
 void VirtualList::growTo(size_t count) {
+    if (ListView_GetItemCount(list_) == static_cast<int>(count)) return;
     ListView_SetItemCountEx(list_, static_cast<int>(count),
                             LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
     stretchColumn();
@@ -79,6 +80,8 @@ bool VirtualList::chooseMarked() {
 void VirtualList::stretchColumn() {
     RECT client{};
     GetClientRect(list_, &client);
+    // The list is painted anew even for the width that it has.
+    if (ListView_GetColumnWidth(list_, 0) == client.right) return;
     ListView_SetColumnWidth(list_, 0, client.right);
 }
 

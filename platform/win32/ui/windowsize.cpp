@@ -27,12 +27,9 @@ StoredSize sizeOf(HWND window) {
 void applySize(HWND window, const StoredSize& size, POINT least) {
     const int dpi = dpiOf(window);
     const Box area = workAreaOf(window);
-    const auto length = [dpi](int twips, int smallest, int largest) {
-        return std::max(std::min(fromTwips(twips, dpi), largest), smallest);
-    };
-    moveWindow(window, clamped(centred(area, length(size.width, least.x, area.width),
-                                       length(size.height, least.y, area.height)),
-                               area));
+    const int width = std::max<int>(fromTwips(size.width, dpi), least.x);
+    const int height = std::max<int>(fromTwips(size.height, dpi), least.y);
+    moveWindow(window, clamped(centred(area, width, height), area));
 }
 
 // Not by WM_GETMINMAXINFO: a window manager that sizes windows by itself, as under Wine, never
