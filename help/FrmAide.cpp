@@ -14,6 +14,7 @@
 #include "platform/win32/ui/controls.h"
 #include "platform/win32/ui/dpi.h"
 #include "platform/win32/ui/place.h"
+#include "platform/win32/ui/pointer.h"
 
 namespace help {
 namespace {

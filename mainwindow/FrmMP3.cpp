@@ -12,6 +12,7 @@
 #include "platform/win32/ui/dpi.h"
 #include "platform/win32/ui/keys.h"
 #include "platform/win32/ui/place.h"
+#include "platform/win32/ui/pointer.h"
 #include "platform/win32/ui/report.h"
 #include "platform/win32/ui/windowsize.h"
 

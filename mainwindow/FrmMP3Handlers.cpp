@@ -9,6 +9,7 @@
 #include "platform/win32/ui/clipboard.h"
 #include "platform/win32/ui/controls.h"
 #include "platform/win32/ui/filedialog.h"
+#include "platform/win32/ui/pointer.h"
 
 namespace mainwindow {
 

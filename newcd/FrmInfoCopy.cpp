@@ -51,7 +51,7 @@ void FrmInfoCopy::onLoad() {
     ui::setAccessibleName(list, ui::textOf(item(FrmInfoCopy_LabelTitrelist)));
     ui::setAccessibleName(item(FrmInfoCopy_Progression), u"Progression");
     controls_.emplace(
-        FrmRunControls::Controls{window(), item(FrmInfoCopy_LabelInfoCopy),
+        FrmRunControls::Controls{*this, item(FrmInfoCopy_LabelInfoCopy),
                                  item(FrmInfoCopy_Progression), item(FrmInfoCopy_ComAnnuleCopie)},
         run_.scan, [this] { ListInfocopy_->growTo(run_.checked.size()); });
     size_.emplace(window(), FrmRunSize::Kept{settings_.LayoutValue4, settings_.LayoutValue5,
@@ -165,13 +165,27 @@ void FrmInfoCopy::waitForEvents() {
     // A run waits for the first time when its user may choose.
     if (!std::exchange(selecting_, true)) beginSelection();
     controls_->waitForEvents();
+    giveFocusToList();
 }
 
 void FrmInfoCopy::beginSelection() {
     SendMessageW(window(), DM_SETDEFID, FrmInfoCopy_CommandCopier, 0);
-    if (GetFocus() != item(FrmInfoCopy_ComAnnuleCopie)) return;
     controls_->showRows();
-    ui::setFocus(item(FrmInfoCopy_ListInfocopy));
+    listAwaitsFocus_ = true;
+    giveFocusToList();
+}
+
+void FrmInfoCopy::giveFocusToList() {
+    // A button that is being pressed has the mouse, and would lose its click with the focus.
+    if (!listAwaitsFocus_ || GetActiveWindow() != window() || GetCapture()) return;
+    listAwaitsFocus_ = false;
+    if (GetFocus() == item(FrmInfoCopy_ComAnnuleCopie))
+        ui::setFocus(item(FrmInfoCopy_ListInfocopy));
+}
+
+void FrmInfoCopy::turnCancelIntoOk() {
+    listAwaitsFocus_ = false;
+    controls_->turnCancelIntoOk();
 }
 
 void FrmInfoCopy::askNewName(std::u16string_view oldName, std::u16string_view proposedName) {

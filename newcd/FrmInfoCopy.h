@@ -45,12 +45,15 @@ class FrmInfoCopy : public platform::win32::Dialog, private CopyWindow {
     void Form_Resize();
     // The tracks are all listed: the user's turn.
     void beginSelection();
+    // Lets the list have the focus that the stop button still has; waits for the user to come back
+    // when he works in another program.
+    void giveFocusToList();
 
     // What the copy sees of the window.
     void showProgress(std::u16string_view text) override { controls_->showProgress(text); }
     void showAdvance(int64_t done, int64_t total) override { controls_->showAdvance(done, total); }
     void yield() override { controls_->yield(); }
-    void turnCancelIntoOk() override { controls_->turnCancelIntoOk(); }
+    void turnCancelIntoOk() override;
     void addTrack(std::u16string_view title, bool checked) override;
     void enableStart(bool enabled) override;
     void enableList(bool enabled) override;
@@ -62,6 +65,7 @@ class FrmInfoCopy : public platform::win32::Dialog, private CopyWindow {
     catalogue::Settings& settings_;
     platform::Programs& programs_;
     bool selecting_ = false;
+    bool listAwaitsFocus_ = false;
     std::optional<FrmRunControls> controls_;
     std::optional<FrmRunSize> size_;
     std::optional<platform::win32::VirtualList> ListInfocopy_;

@@ -50,7 +50,7 @@ void FrmInfoRech::onLoad() {
     look_.emplace(window(), settings_.Look,
                   std::array{item(FrmInfoRech_List1), item(FrmInfoRech_List2)});
     controls_.emplace(
-        FrmRunControls::Controls{window(), item(FrmInfoRech_Label2), item(FrmInfoRech_Progression),
+        FrmRunControls::Controls{*this, item(FrmInfoRech_Label2), item(FrmInfoRech_Progression),
                                  item(FrmInfoRech_CommandOkannul)},
         run_.scan, [this] { showRows(); });
     size_.emplace(window(), FrmRunSize::Kept{settings_.LayoutValue1, settings_.LayoutValue2,

@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "platform/win32/ui/controls.h"
-#include "platform/win32/ui/dialog.h"
 
 namespace newcd {
 namespace {
@@ -22,12 +21,12 @@ FrmRunControls::FrmRunControls(const Controls& controls, scan::ScanState& scanSt
     : controls_(controls),
       scanState_(scanState),
       showRows_(std::move(showRows)),
-      taskbar_(controls.window) {
+      taskbar_(controls.form.window()) {
+    controls_.form.setBusy(ui::Busy::InBackground);
     SendMessageW(controls_.progressBar, PBM_SETRANGE32, 0, kWholeBar);
 }
 
 void FrmRunControls::showProgress(std::u16string_view text) {
-    showRows_();
     ui::setText(controls_.progressLabel, text);
     UpdateWindow(controls_.progressLabel);
 }
@@ -40,6 +39,7 @@ void FrmRunControls::showAdvance(int64_t done, int64_t total) {
 }
 
 void FrmRunControls::yield() {
+    controls_.form.setBusy(ui::Busy::InBackground);
     if (!breather_.breathe()) return;
     showRows_();
     stopWithoutWindow();
@@ -47,6 +47,7 @@ void FrmRunControls::yield() {
 
 void FrmRunControls::waitForEvents() {
     showRows_();
+    controls_.form.setBusy(ui::Busy::No);
     // Not by WaitMessage, which sleeps on when another program has pressed a button by a message.
     MsgWaitForMultipleObjectsEx(0, nullptr, INFINITE, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     ui::dispatchWaiting();
@@ -54,12 +55,13 @@ void FrmRunControls::waitForEvents() {
 }
 
 void FrmRunControls::stopWithoutWindow() {
-    if (!IsWindow(controls_.window)) scanState_.ScanAnswer = 1;
+    if (!IsWindow(controls_.form.window())) scanState_.ScanAnswer = 1;
 }
 
 void FrmRunControls::turnCancelIntoOk() {
     ui::setText(controls_.stopButton, u"OK");
-    SendMessageW(controls_.window, DM_SETDEFID,
+    controls_.form.setBusy(ui::Busy::No);
+    SendMessageW(controls_.form.window(), DM_SETDEFID,
                  static_cast<WPARAM>(GetDlgCtrlID(controls_.stopButton)), 0);
     ui::setFocus(controls_.stopButton);
 }

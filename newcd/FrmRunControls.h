@@ -1,5 +1,5 @@
 // What the windows of a run have in common: the progress label, the progress bar, the button that
-// stops the run, and the pauses that keep the window alive.
+// stops the run, the pointer, and the pauses that keep the window alive.
 #pragma once
 
 #include <windows.h>
@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "platform/win32/ui/breather.h"
+#include "platform/win32/ui/dialog.h"
 #include "platform/win32/ui/taskbarprogress.h"
 #include "scan/scanstate.h"
 
@@ -18,7 +19,7 @@ class FrmRunControls {
   public:
     // The window and its controls; all of it outlives the object.
     struct Controls {
-        HWND window;
+        platform::win32::Dialog& form;
         HWND progressLabel;
         HWND progressBar;
         HWND stopButton;

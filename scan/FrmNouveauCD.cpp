@@ -97,6 +97,7 @@ void FrmNouveauCD::setScanning(bool scanning) {
         ui::setVisible(item(button), !scanning);
     for (const int control : {FrmNouveauCD_TextNouveau, FrmNouveauCD_DriveNouveau})
         ui::setEnabled(item(control), !scanning);
+    setBusy(scanning ? ui::Busy::Wholly : ui::Busy::No);
     if (scanning) return;
     for (const int progress : {FrmNouveauCD_LabelPatientez, FrmNouveauCD_Progression})
         ui::setVisible(item(progress), false);

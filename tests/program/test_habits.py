@@ -1,10 +1,7 @@
-"""What every Windows program does: wheel, Tab key, the keys of menus, icon, hourglass."""
+"""What every Windows program does: wheel, Tab key, the keys of menus, icon."""
 import subprocess
 
-from harness import settings
-from harness.form import centre
 from harness.paths import ROOT
-from harness.player import RecordingPlayer
 from harness.steps import ALL, add_cd, choose_cd
 from harness.waiting import wait_for
 
@@ -149,36 +146,3 @@ def test_the_title_bar_has_the_icon_in_both_sizes(program):
     for width in (16, 32):
         for shown, drawn in zip(icons[width], frame_of_the_icon(width), strict=True):
             assert shown[3] == drawn[3] and (drawn[3] == 0 or shown == drawn)
-
-
-def test_the_hourglass_is_shown_while_the_clipboard_is_awaited(program):
-    main = program.open()
-    choose_cd(main, ALL)
-    hourglass = main.cursors()["wait"]
-    probe = program.desktop.probe
-    assert probe.ask("holdclipboard")
-    try:
-        with program.desktop.watched_cursor() as seen:
-            main.key("ctrl+c")
-            report = program.message()
-    finally:
-        assert probe.ask("releaseclipboard")
-    assert hourglass in seen
-    report.answer("OK")
-    main.desktop.move(*centre(main.DBList2.rect))
-    wait_for(lambda: main.desktop.cursor() == main.cursors()["arrow"], "the arrow again")
-
-
-def test_the_hourglass_is_shown_while_a_list_is_handed_to_the_player(program):
-    player = RecordingPlayer(program.desktop, "lecteur.exe")
-    settings.set_players(program.settings, [("Écoute", player.path)], current=1)
-    main = program.open()
-    add_cd(main, "Rock 1")
-    hourglass = main.cursors()["wait"]
-    main.DBList2.click_row(0)
-    wait_for(lambda: len(player.starts()) == 1, "the track")
-    with program.desktop.watched_cursor() as seen:
-        main.DBList2.click_row(0, times=2)
-        wait_for(lambda: len(player.starts()) == 2, "the list")
-    assert hourglass in seen
-    wait_for(lambda: main.desktop.cursor() == main.cursors()["arrow"], "the arrow again")

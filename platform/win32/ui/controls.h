@@ -49,18 +49,6 @@ int textHeight(HWND control, int width);
 // The height of so many lines in the control's font, device pixels.
 int linesHeight(HWND control, int lines);
 
-// Shows the hourglass until the end of the block.
-class WaitCursor {
-  public:
-    WaitCursor() : former_(SetCursor(LoadCursorW(nullptr, IDC_WAIT))) {}
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
-    ~WaitCursor() { SetCursor(former_); }
-
-  private:
-    HCURSOR former_;
-};
-
 // The program's dialog font at `dpi`, the same for places where room is short, and for a title.
 enum class FontSize { Usual, Small, Title };
 Font dialogFont(int dpi, FontSize size);

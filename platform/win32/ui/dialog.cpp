@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include <cstdint>
 #include <exception>
 #include <utility>
 
@@ -88,17 +89,40 @@ void Dialog::showBlocking() {
     if (owner && IsWindowEnabled(owner)) {
         EnableWindow(owner, FALSE);
         disabledOwner_ = owner;
+        if (Dialog* waiting = of(owner)) waiting->inFront_ = this;
     }
     ShowWindow(window_, SW_SHOW);
+    if (busy_ != Busy::No) showPointerAnew();
 }
 
 void Dialog::destroy() {
     // The owner comes back first: a disabled window could not become the active one.
-    if (HWND owner = std::exchange(disabledOwner_, nullptr)) EnableWindow(owner, TRUE);
+    if (HWND owner = std::exchange(disabledOwner_, nullptr)) {
+        if (Dialog* waiting = of(owner)) waiting->inFront_ = nullptr;
+        EnableWindow(owner, TRUE);
+    }
     if (HWND window = std::exchange(window_, nullptr)) {
         RemovePropW(window, kObjectProperty);
         DestroyWindow(window);
     }
+    setBusy(Busy::No);
+}
+
+void Dialog::setBusy(Busy busy) {
+    if (std::exchange(busy_, busy) != busy) showPointerAnew();
+}
+
+Busy Dialog::shownBusy() const {
+    if (IsWindowEnabled(window_)) return busy_;
+    return inFront_ ? inFront_->shownBusy() : Busy::No;
+}
+
+bool Dialog::showBusy(int part) const {
+    const HCURSOR cursor = busyCursor(shownBusy());
+    // The frame keeps the pointers that tell how it can be dragged. A disabled window has no parts.
+    if (!cursor || (part != HTCLIENT && part != HTERROR)) return false;
+    SetCursor(cursor);
+    return true;
 }
 
 Dialog* Dialog::of(HWND window) {
@@ -153,6 +177,10 @@ INT_PTR Dialog::handle(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         case WM_HELP:
             onHelp();
+            return TRUE;
+        case WM_SETCURSOR:
+            if (!showBusy(static_cast<int16_t>(LOWORD(lParam)))) return FALSE;
+            SetWindowLongPtrW(window_, DWLP_MSGRESULT, TRUE);
             return TRUE;
         default: {
             const std::optional<LRESULT> answer = onMessage(message, wParam, lParam);

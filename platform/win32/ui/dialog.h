@@ -7,6 +7,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/win32/ui/pointer.h"
+
 namespace platform::win32 {
 
 // Owns its window from create() on; destroying the object destroys the window. A handler that
@@ -30,6 +32,11 @@ class Dialog {
     HWND window() const { return window_; }
     HWND item(int id) const { return GetDlgItem(window_, id); }
     int dpi() const;
+
+    // What the pointer tells over this window, and over those that are disabled as long as it is
+    // shown, until it is told otherwise or the window goes. A message box in front is not busy, nor
+    // is what waits for its answer.
+    void setBusy(Busy busy);
 
     // The dialog that a window belongs to, if any.
     static Dialog* of(HWND window);
@@ -60,10 +67,17 @@ class Dialog {
   private:
     static INT_PTR CALLBACK procedure(HWND, UINT, WPARAM, LPARAM) noexcept;
     INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
+    // How busy the window is, seen from the pointer.
+    Busy shownBusy() const;
+    // The answer to WM_SETCURSOR with the pointer over `part`.
+    bool showBusy(int part) const;
 
     const wchar_t* name_;
     HWND window_ = nullptr;
     HWND disabledOwner_ = nullptr;
+    // The dialog that has disabled this one.
+    Dialog* inFront_ = nullptr;
+    Busy busy_ = Busy::No;
     std::optional<int> result_;
 };
 

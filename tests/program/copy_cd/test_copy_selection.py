@@ -1,9 +1,10 @@
 """The window of a copy before it starts: the tracks, their ticks, their details."""
 import pytest
 
-from harness import medium
+from harness import medium, settings
 from harness.copies import MUSIC, cancel, files
-from harness.steps import begin_copy, finish_copy
+from harness.program import Program
+from harness.steps import begin_copy, finish_copy, open_copy
 from harness.waiting import wait_for
 
 ALL_SELECTED = ("Analyse terminée.\r\n\n"
@@ -84,6 +85,31 @@ def test_the_keyboard_chooses_looks_and_starts_without_a_tab(main, target):
     wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
     assert len(files(target)) == 7
     cancel(window)
+
+
+def test_the_list_has_the_focus_when_a_user_comes_back_from_another_program(main, tmp_path):
+    with Program(main.desktop) as other:
+        settings.change(other.settings, WinWidth=600 * 15, WinHeight=460 * 15)
+        elsewhere = other.open()
+        left, top, right, _ = elsewhere.rect
+        caption = ((left + right) // 2, top + 10)
+        main.desktop.drag(caption, (caption[0] - left, 20))
+        wait_for(lambda: elsewhere.rect[0] < 20, "the other program's window aside")
+        main.click_caption()
+        main.program.form("FrmMP3")
+        many = {f"{n % 50}/{n}.mid": medium.mid() for n in range(4000)}
+        main.desktop.set_medium("e", medium.write(tmp_path / "m", many))
+        open_copy(main).ComCopierOK.click()
+        window = main.program.form("FrmInfoCopy")
+        elsewhere.click_caption()
+        other.form("FrmMP3")
+        assert not window.CommandCopier.enabled, "the tracks are still being read"
+        window.CommandCopier.wait(lambda: window.CommandCopier.enabled, "to be usable")
+        # It does not push itself forward.
+        assert main.desktop.active_title() == elsewhere.title
+        window.click_caption()
+        window.ListInfocopy.wait(lambda: window.ListInfocopy.focused, "to have the focus")
+        cancel(window)
 
 
 def test_a_double_click_on_a_tick_changes_it_twice(main):

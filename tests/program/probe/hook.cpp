@@ -62,6 +62,7 @@ void tellCursors(Json& json) {
         .member("arrow", handle(IDC_ARROW))
         .member("text", handle(IDC_IBEAM))
         .member("wait", handle(IDC_WAIT))
+        .member("working", handle(IDC_APPSTARTING))
         .member("west-east", handle(IDC_SIZEWE))
         .endObject();
 }
