@@ -6,6 +6,7 @@ import pytest
 
 from harness import medium, settings
 from harness.desktop import FIXED, Desktop
+from harness.form import is_met_first
 from harness.names import control_ids
 from harness.program import Program
 from harness.steps import (add_cd, begin_copy, choose_cd, finish_copy, open_copy, open_new_cd,
@@ -178,13 +179,22 @@ def follow_tab(window):
         stops.append(stop)
 
 
-def all_are_reached(window):
-    reached = {stop["handle"] for stop in follow_tab(window)}
+def all_are_reached(window, stops):
+    reached = {stop["handle"] for stop in stops}
     for child in window.children():
         if child["visible"] and child["enabled"] and child["class"] in WORKED_WITH:
             # The arrow keys go from one radio button to the others.
             elsewhere = child["class"] == "Button" and child["style"] & KIND in NOT_BY_TAB
             assert child["handle"] in reached or elsewhere, child["id"]
+
+
+def follow_the_eye(window, stops):
+    order = [child["handle"] for child in window.children()]
+    first = min(stops, key=lambda stop: order.index(stop["handle"]))
+    stops = stops[stops.index(first):] + stops[:stops.index(first)]
+    for number, stop in enumerate(stops):
+        for later in stops[number + 1:]:
+            assert not is_met_first(later["rect"], stop["rect"]), (stop["id"], later["id"])
 
 
 @pytest.mark.parametrize("name", OPENERS)
@@ -194,4 +204,34 @@ def test_every_control_is_said_reached_and_seen(program, name):
         program.desktop.xdo("mousemove", 1, 990)
         all_are_said(window)
         if name not in ("FrmInfoTitre", "FrmApropos"):
-            all_are_reached(window)
+            stops = follow_tab(window)
+            all_are_reached(window, stops)
+            follow_the_eye(window, stops)
+
+
+@contextlib.contextmanager
+def compact_main_window(main):
+    size = main.size
+    with main_window(main):
+        main.resize(600, 460)
+        wait_for(lambda: main.size == (600, 460), "the smallest window")
+        yield main
+        main.resize(*size)
+        wait_for(lambda: main.size == size, "the window as it was")
+
+
+OTHER_LOOKS = {
+    "FrmMP3, compact": compact_main_window,
+    "FrmRechCD for the CD-ROM drive": from_menu("Outils", "Sélectionner le lecteur de CD ROM",
+                                                name="FrmRechCD"),
+}
+
+
+@pytest.mark.parametrize("name", OTHER_LOOKS)
+def test_every_control_is_reached_in_windows_that_have_changed(program, name):
+    main = program.form("FrmMP3")
+    with OTHER_LOOKS[name](main) as window:
+        program.desktop.xdo("mousemove", 1, 990)
+        stops = follow_tab(window)
+        all_are_reached(window, stops)
+        follow_the_eye(window, stops)

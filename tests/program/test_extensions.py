@@ -91,6 +91,17 @@ def test_an_added_type_is_listed_scanned_and_shown(program, desktop, album_folde
     assert sorted(open_types(program.open()).ListExt.items()) == sorted(DEFAULTS + ["OGG"])
 
 
+def test_enter_adds_and_escape_closes(program, dialog):
+    dialog.Text1.fill("ogg")
+    dialog.key("Return")
+    wait_for(lambda: "OGG" in dialog.ListExt.items(), "OGG")
+    assert dialog.Text1.text == "" and dialog.exists
+    dialog.key("Escape")
+    dialog.wait_gone()
+    program.quit()
+    assert "OGG" in settings.read(program.settings)["ExtensionList"]
+
+
 def test_a_type_that_is_there_is_refused(program, dialog):
     add_type(dialog, "mp3")
     box = program.message()

@@ -6,7 +6,7 @@ from harness.desktop import Desktop
 from harness.form import centre
 from harness.names import control_ids
 from harness.program import Program
-from harness.steps import ALL, add_cd, search
+from harness.steps import ALL, add_cd
 from harness.waiting import wait_for
 
 BUTTONS = ("Command1", "comcopier", "comsave", "ComNouveau", "Comaide")
@@ -418,15 +418,3 @@ def test_stored_sizes_that_make_no_sense_give_a_usable_window(program, values):
     is_usable(program, main)
     least = main.size[0] >= 600 and main.size[1] >= 460
     assert least, main.size
-
-
-@pytest.mark.parametrize("height, width, state", [(-5, 2147483647, 1), (2147483647, -1, 77)])
-def test_stored_sizes_of_the_results_that_make_no_sense_give_a_usable_window(
-        program, height, width, state):
-    settings.change(program.settings, LayoutValue1=height, LayoutValue2=width, LayoutValue3=state)
-    results = search(program.open())
-    assert not results.state["minimized"]
-    assert inside(results.rect, (-4, -4, 1284, 1004)), results.rect
-    assert results.size[0] >= 480 and results.size[1] >= 360
-    results.CommandOkannul.click()
-    results.wait_gone()

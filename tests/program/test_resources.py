@@ -3,7 +3,7 @@ import re
 
 import pytest
 
-from harness.form import plain
+from harness.form import is_met_first, plain
 from harness.names import control_ids
 from harness.paths import ROOT
 
@@ -14,10 +14,13 @@ WITH_TEXT = ("LTEXT", "CTEXT", "RTEXT", "GROUPBOX", "PUSHBUTTON", "DEFPUSHBUTTON
              "AUTORADIOBUTTON", "ICON")
 WITHOUT_TEXT = ("EDITTEXT", "LISTBOX", "COMBOBOX")
 LABELS = ("LTEXT", "CTEXT", "RTEXT", "GROUPBOX")
+WORKED_WITH = WITHOUT_TEXT + ("PUSHBUTTON", "DEFPUSHBUTTON", "AUTOCHECKBOX", "AUTORADIOBUTTON",
+                              "BUTTON", "SysListView32", "RICHEDIT50W")
 NEED_A_LABEL = WITHOUT_TEXT + ("SysListView32", "msctls_progress32", "RICHEDIT50W")
 
 # Windows that place their controls themselves.
 OWN_LAYOUT = ("FrmMP3", "FrmAide", "FrmInfoRech", "FrmInfoCopy")
+LAID_OUT_BY_TEMPLATE = [script for script in SCRIPTS if script.stem not in OWN_LAYOUT]
 
 
 class Statement:
@@ -47,6 +50,10 @@ class Statement:
     def bottom(self):
         # A combo box tells the height of its open list; closed it is one line high.
         return self.top + (13 if self.kind == "COMBOBOX" else self.height)
+
+    @property
+    def rect(self):
+        return self.left, self.top, self.right, self.bottom
 
     def lies_in(self, other):
         return (other.left <= self.left and self.right <= other.right
@@ -175,8 +182,26 @@ class TestTemplate:
         assert 'FONT 9, "Segoe UI", 400, 0, 1' in script.read_text("utf-8")
 
 
-@pytest.mark.parametrize("script", [script for script in SCRIPTS if script.stem not in OWN_LAYOUT],
-                         ids=lambda script: script.stem)
+@pytest.mark.parametrize("script", LAID_OUT_BY_TEMPLATE, ids=lambda script: script.stem)
+def test_the_tab_key_follows_the_eye(script):
+    """Also to controls that are disabled as long as the window is new."""
+    _, _, controls = template(script)
+    stops = [control for control in controls if control.kind in WORKED_WITH]
+    for number, stop in enumerate(stops):
+        for later in stops[number + 1:]:
+            assert not is_met_first(later.rect, stop.rect), (stop.identifier, later.identifier)
+
+
+def test_the_eye_goes_from_left_to_right_and_downwards():
+    place = (100, 100, 200, 120)
+    for other in ((0, 100, 90, 120), (0, 110, 90, 200), (100, 50, 200, 90), (150, 50, 300, 90),
+                  (0, 50, 90, 90)):
+        assert is_met_first(other, place) and not is_met_first(place, other)
+    for other in ((0, 130, 90, 150), (110, 90, 190, 130), place):
+        assert not is_met_first(other, place) and not is_met_first(place, other)
+
+
+@pytest.mark.parametrize("script", LAID_OUT_BY_TEMPLATE, ids=lambda script: script.stem)
 def test_controls_keep_the_margin_and_do_not_overlap(script):
     _, (width, height), controls = template(script)
     for control in controls:

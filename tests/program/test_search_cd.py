@@ -125,6 +125,13 @@ def test_cancelling_searches_nothing(main, end):
     assert main.Label2.text == "E:\\"
 
 
+def test_enter_begins_the_search(main):
+    open_search(main).key("Return")
+    results = main.program.form("FrmInfoRech")
+    wait_for(lambda: results.CommandOkannul.text == "OK", "the end of the search")
+    close(results)
+
+
 def test_both_lists_and_the_summary(main):
     results = search(main)
     assert results.title == "Recherche sur CD titres déjà mémorisés"
@@ -340,6 +347,21 @@ def test_the_window_keeps_its_order_at_any_size(main):
 def test_the_size_is_kept_for_the_next_run(catalogued, desktop):
     with Program(desktop, files=catalogued) as program:
         assert keeps_its_size(program, search, close, (1, 2, 3))
+
+
+@pytest.mark.parametrize("stored, size", settings.ABSURD_RUN_SIZES)
+def test_stored_sizes_that_make_no_sense_give_a_usable_window(catalogued, desktop, stored, size):
+    height, width, state = stored
+    with Program(desktop, files=catalogued) as program:
+        settings.change(program.settings, LayoutValue1=height, LayoutValue2=width,
+                        LayoutValue3=state)
+        results = search(program.open())
+        assert not results.state["minimized"] and not results.state["maximized"]
+        assert results.size == size
+        left, top, right, bottom = results.rect
+        assert left >= -4 and top >= -4 and right <= 1284 and bottom <= 1004
+        assert in_order(results)
+        close(results)
 
 
 def test_the_lists_have_the_look_of_the_main_list(catalogued, desktop):

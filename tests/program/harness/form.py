@@ -12,6 +12,15 @@ def centre(rect):
     return (left + right) // 2, (top + bottom) // 2
 
 
+def is_met_first(one, other):
+    """Whether the eye comes to a place before it comes to the other: the one stands over the other or
+    left of it, in the same column, in the same row, or in neither."""
+    above, left_of = one[3] <= other[1], one[2] <= other[0]
+    same_row = one[1] < other[3] and other[1] < one[3]
+    same_column = one[0] < other[2] and other[0] < one[2]
+    return above and (left_of or same_column) or left_of and same_row
+
+
 def plain(caption):
     """A caption without its mnemonic, its shortcut and the dots that promise a dialog."""
     return caption.replace("&", "").split("\t")[0].removesuffix("...")

@@ -5,6 +5,10 @@ _LAYOUT = ("LayoutValue1", "LayoutValue4", "WinHeight", "LayoutValue2", "LayoutV
 _LOOK = ("FontName", "FontBold", "FontItalic", "FontSize", "ForeColor", "BackColor")
 _CHOICES = ("Option1", "Option2", "Option3", "Check1", "Check3", "CheckAutoRefresh",
             "CopyOption1", "CopyOption2", "CopyOption3")
+# Height and width (twips) and state of the window of a search or a copy as nobody would store them, and
+# the size (pixels) that it gets all the same on a screen of 1280 by 1000.
+ABSURD_RUN_SIZES = [((0, 0, 0), (760, 560)), ((-5, 2147483647, 1), (1280, 560)),
+                    ((2147483647, -2147483648, 77), (760, 1000)), ((100, 1, -1), (480, 360))]
 _TEXTS = ("CdRomDrive", "CopyDestination", "DestinationDrive", "ScanCdName", "PlayerPath")
 
 
