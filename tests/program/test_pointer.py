@@ -156,27 +156,27 @@ def test_the_hourglass_stays_until_a_cd_is_scanned_again(main, folders):
     pointer.becomes_at(main.List1.rect, "arrow")
 
 
-def test_a_search_that_can_be_stopped_leaves_the_arrow(main):
+def test_a_search_that_can_be_stopped_leaves_the_arrow(main, folders):
     pointer = Pointer(main)
     open_search(main).CommandOK.click()
     results = main.program.form("FrmInfoRech")
     pointer.becomes("working")
     assert pointer.shapes_over(results.List2.rect, results.CommandOkannul.rect) == {"working"}
     assert results.CommandOkannul.text == "Annuler"
-    results.CommandOkannul.wait(lambda: results.CommandOkannul.text == "OK", "to end the search")
+    results.key("Escape")
+    main.program.wait_gone("FrmInfoRech")
     pointer.becomes("arrow")
+    main.desktop.set_medium("e", folders["few"])
+    open_search(main).CommandOK.click()
+    results = main.program.form("FrmInfoRech")
+    results.CommandOkannul.wait(lambda: results.CommandOkannul.text == "OK", "to end the search")
+    pointer.becomes_at(results.List1.rect, "arrow")
     results.CommandOkannul.click()
     main.program.wait_gone("FrmInfoRech")
 
 
-def test_a_search_that_is_stopped_or_fails_gives_the_arrow_back(main):
+def test_a_search_that_fails_gives_the_arrow_back(main):
     pointer = Pointer(main)
-    open_search(main).CommandOK.click()
-    results = main.program.form("FrmInfoRech")
-    pointer.becomes_at(results.List1.rect, "working")
-    results.key("Escape")
-    main.program.wait_gone("FrmInfoRech")
-    pointer.becomes("arrow")
     dialog = open_search(main)
     main.desktop.set_medium("e", None)
     dialog.CommandOK.click()
@@ -188,23 +188,31 @@ def test_a_search_that_is_stopped_or_fails_gives_the_arrow_back(main):
     pointer.becomes_at(main.List1.rect, "arrow")
 
 
-def test_a_copy_is_busy_but_while_its_user_chooses(main, folders, disk):
+def test_a_copy_is_busy_but_while_its_user_chooses(main, folders):
     pointer = Pointer(main)
     open_copy(main).ComCopierOK.click()
     window = main.program.form("FrmInfoCopy")
     pointer.becomes("working")
     assert pointer.shapes_over(window.ListInfocopy.rect, window.ComAnnuleCopie.rect) == {"working"}
     assert window.ListInfocopy.count < MANY
-    wait_for(lambda: window.CommandCopier.enabled, "the tracks")
+    window.ComAnnuleCopie.click()
+    main.program.wait_gone("FrmInfoCopy")
     pointer.becomes("arrow")
+    main.desktop.set_medium("e", folders["some"])
+    window = begin_copy(main)
+    pointer.becomes_at(window.ListInfocopy.rect, "arrow")
     window.CommandCopier.click()
-    # The list cannot be used now; the stop button can.
     pointer.becomes("working")
+    # The list cannot be used now; the stop button can.
     assert pointer.shapes_over(window.ListInfocopy.rect, window.ComAnnuleCopie.rect) == {"working"}
     assert not window.ListInfocopy.enabled
     window.ComAnnuleCopie.click()
     main.program.wait_gone("FrmInfoCopy")
     pointer.becomes("arrow")
+
+
+def test_a_copy_that_asks_for_a_name_is_not_busy(main, folders, disk):
+    pointer = Pointer(main)
     main.desktop.set_medium("e", folders["few"])
     for path in FEW:
         (disk / path).write_bytes(b"pris")
