@@ -97,7 +97,10 @@ class Arrangement {
     void placeButtons() {
         const Size automatic = input_.of(Control::CheckAutoRefresh);
         int top = px(kListsTop);
-        layout_[Control::CheckAutoRefresh] = {px(kGap), top - px(kHeadingGap) - automatic.height,
+        // Its text stands in line with the headings.
+        const Box& heading = layout_[Control::Label4];
+        const int level = heading.top + (heading.height - automatic.height) / 2;
+        layout_[Control::CheckAutoRefresh] = {px(kGap), std::min(level, top - automatic.height),
                                               buttonColumnWidth(), automatic.height};
         for (const Control button : kActionButtons) {
             const int height = px(lookOf(button, input_.compact).height);

@@ -35,7 +35,8 @@ ColourDialog backColourDialog(const catalogue::ListLook& look);
 
 // What the help button of the colour dialogs says.
 inline constexpr std::u16string_view kColourHelp =
-    u"La couleur choisie vaut pour toutes les listes du programme : la liste des CD, la liste des "
+    u"La couleur choisie vaut pour toutes les listes du programme\u00A0: la liste des CD, la liste "
+    u"des "
     u"morceaux, les résultats d’une recherche et la sélection d’une copie.";
 inline constexpr std::u16string_view kColourHelpTitle = u"Couleur des listes";
 

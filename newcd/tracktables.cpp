@@ -33,7 +33,7 @@ void throwTooManyTracks() {
     static_assert(TrackTables::kHighestRow == 50000, "the sentence below names the limit");
     throw base::Error(
         base::ErrorNumber::SubscriptOutOfRange,
-        u"Le lecteur source contient plus de 50\u00A0000 morceaux : c'est trop pour être "
+        u"Le lecteur source contient plus de 50\u00A0000 morceaux\u00A0: c'est trop pour être "
         u"traité en une seule fois.");
 }
 

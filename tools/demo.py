@@ -14,14 +14,13 @@ import threading
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "program"))
 
-from harness import catalogue, settings  # noqa: E402  (found by the line above)
-from harness.desktop import Desktop  # noqa: E402
+from harness import catalogue, lookdialogs, settings  # noqa: E402  (found by the line above)
+from harness.desktop import CD_ROM, Desktop  # noqa: E402
 from harness.paths import BUILD, SAMPLE_MEDIUM  # noqa: E402
 from harness.player import RecordingPlayer, windows_path  # noqa: E402
 from harness.program import Program  # noqa: E402
 from harness.steps import (  # noqa: E402
-    ALL, add_cd, begin_copy, choose_cd, delete_cd, finish_copy, open_copy, open_new_cd, open_players,
-    search)
+    ALL, add_cd, begin_copy, choose_cd, delete_cd, open_copy, open_new_cd, open_players, search)
 from harness.waiting import wait_for  # noqa: E402
 
 SHOTS = BUILD / "demo"
@@ -46,12 +45,12 @@ class Demo:
             self.shoot("failed")
             print(f"{self.number:2} FAILED: {text}", flush=True)
             raise
-        self.shoot("-".join(text.lower().split()[:5]))
+        self.shoot("-".join(text.lower().split()[:5]), self.desktop.screenshot_at_rest)
         print(f"{self.number:2} {text}", flush=True)
 
-    def shoot(self, name):
+    def shoot(self, name, take=None):
         plain = "".join(character for character in name if character.isalnum() or character == "-")
-        self.desktop.screenshot(self.shots / f"{self.number:02}-{plain}.png")
+        (take or self.desktop.screenshot)(self.shots / f"{self.number:02}-{plain}.png")
 
     def tracks_become(self, condition, what):
         wait_for(lambda: condition(self.main.DBList2.rows()), what)
@@ -159,6 +158,65 @@ class Demo:
             self.main.choose("Outils", "Actualiser l'affichage")
             wait_for(lambda: self.main.DBList2.count == before, "every track")
 
+    def arrange_the_window(self):
+        main = self.main
+        size, split = main.size, main.List1.width
+        with self.step("the bar between the lists is dragged"):
+            left, top, right, bottom = main.LabelReglage.rect
+            place = ((left + right) // 2, (top + bottom) // 2)
+            self.desktop.drag(place, (place[0] + 60, place[1]))
+            wait_for(lambda: main.List1.width == split + 60, "the wider list of CDs")
+        with self.step("a small window has small buttons"):
+            main.resize(600, 460)
+            wait_for(lambda: main.size == (600, 460) and main.Command1.text == "", "small buttons")
+            assert main.Command1.tip() != ""
+        with self.step("the window is as large as before"):
+            main.resize(*size)
+            wait_for(lambda: main.size == size and main.Command1.text != "", "large buttons")
+
+    def change_the_look(self):
+        main = self.main
+        row = main.DBList2.item_height()
+        with self.step("another font is chosen for the lists"):
+            main.choose("Outils", lookdialogs.FONT)
+            font = self.program.message()
+            self.shoot("font")
+            font.answer("Annuler")
+            lookdialogs.choose_font(main, "DejaVu Serif", 12)
+            wait_for(lambda: main.DBList2.item_height() > row, "higher rows")
+        with self.step("the lists get a coloured background and text"):
+            lookdialogs.choose_colour(main, lookdialogs.BACK_COLOUR, (255, 248, 224))
+            lookdialogs.choose_colour(main, lookdialogs.TEXT_COLOUR, (96, 32, 0))
+            wait_for(lambda: (255, 248, 224) in self.desktop.colours(main.DBList2.rect),
+                     "the background")
+
+    def choose_the_drive(self):
+        for drive in ("f", "e"):
+            with self.step(f"drive {drive} becomes the CD-ROM drive"):
+                self.main.Label2.click()
+                dialog = self.program.form("FrmRechCD")
+                dialog.DriveRech.choose_entry(f"{drive}:")
+                self.shoot("drive")
+                dialog.CommandOK.click()
+                self.program.wait_gone("FrmRechCD")
+                assert self.main.Label2.text == f"{drive.upper()}:\\"
+
+    def read_the_help(self):
+        with self.step("the manual is opened beside the main window"):
+            self.main.key("F1")
+            manual = self.program.form("FrmAide")
+            wait_for(lambda: "Manuel de l'utilisateur" in manual.RichTextBox1.text, "its text")
+        with self.step("it is closed by its button"):
+            manual.AideQuit.click()
+            manual.wait_gone()
+        with self.step("the program tells about itself"):
+            self.main.choose("Aide", "A propos de")
+            box = self.program.form("FrmApropos")
+        with self.step("that is closed, too"):
+            box.CommandApropos.click()
+            box.wait_gone()
+            self.program.form("FrmMP3")
+
     def look_at_a_track(self):
         with self.step("a track's details are shown while the right button is held"):
             choose_cd(self.main, "Été 2024")
@@ -200,6 +258,7 @@ class Demo:
             self.main.comsave.click()
             dialog = self.program.message()
             self.desktop.paste(windows_path(target))
+            self.shoot("dialog")
             self.desktop.keys("Return")
             dialog.wait_gone()
             wait_for(lambda: target.exists() and target.read_bytes() == text.encode("cp1252"),
@@ -230,9 +289,14 @@ class Demo:
             window.ListInfocopy.click_tick(0)
             wait_for(lambda: "7 morceaux sélectionnés" in window.LabelInfoCopy.text, "seven")
         with self.step("the other tracks are copied"):
-            assert "7 morceaux copiés" in finish_copy(window)
+            window.CommandCopier.click()
+            wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
+            assert "7 morceaux copiés" in window.LabelInfoCopy.text
             copies = self.desktop.prefix / "drive_c" / "Copies"
             assert len(list(copies.rglob("*.*"))) == 7
+        with self.step("the window of the copy is closed"):
+            window.ComAnnuleCopie.click()
+            self.program.wait_gone("FrmInfoCopy")
         with self.step("a name that is taken asks for another one"):
             window = begin_copy(self.main)
             window.ListInfocopy.click_tick(0)
@@ -308,12 +372,14 @@ class Demo:
 def main():
     shutil.rmtree(SHOTS, ignore_errors=True)
     SHOTS.mkdir(parents=True)
-    with Desktop(medium=SAMPLE_MEDIUM) as desktop, Program(desktop) as program:
+    drives = {"f": (SAMPLE_MEDIUM / "Formats", CD_ROM)}
+    with Desktop(medium=SAMPLE_MEDIUM, drives=drives) as desktop, Program(desktop) as program:
         demo = Demo(desktop, program, SHOTS)
         try:
             demo.add_the_medium()
             demo.filter_and_sort()
             demo.search()
+            demo.arrange_the_window()
             demo.look_at_a_track()
             demo.play()
             demo.take_the_list_along()
@@ -321,6 +387,9 @@ def main():
             demo.copy_a_new_cd()
             demo.scan_again()
             demo.change_types()
+            demo.choose_the_drive()
+            demo.change_the_look()
+            demo.read_the_help()
             demo.delete()
             demo.start_again()
         except Exception as failure:

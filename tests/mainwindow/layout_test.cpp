@@ -20,6 +20,9 @@ int right(const Box& box) {
 int bottom(const Box& box) {
     return box.top + box.height;
 }
+int middle(const Box& box) {
+    return box.top + box.height / 2;
+}
 
 LayoutInput inputAt96() {
     LayoutInput input;
@@ -29,6 +32,7 @@ LayoutInput inputAt96() {
     input.dbList2Width = 400;
     for (size_t i = 0; i < input.natural.size(); ++i)
         input.natural[i] = {70 + static_cast<int>(i), 17};
+    input.of(Control::CheckAutoRefresh) = {80, 21};
     input.of(Control::Comaide) = {80, 25};
     input.of(Control::Image1) = {32, 32};
     input.of(Control::CommandExtMoins) = {20, 20};
@@ -137,6 +141,7 @@ TEST(LayOut, KeepsTheBandInsideTheWindowAndItsRowsApart) {
     EXPECT_GE(layout[Control::Image1].top, bottom(layout[Control::Label2]));
     EXPECT_GE(layout[Control::Label4].top, 0);
     EXPECT_GE(layout[Control::CheckAutoRefresh].top, 0);
+    EXPECT_NEAR(middle(layout[Control::CheckAutoRefresh]), middle(layout[Control::Label4]), 1);
     EXPECT_LE(bottom(layout[Control::CheckAutoRefresh]), layout[Control::Command1].top);
     EXPECT_LE(bottom(layout[Control::Label4]), layout[Control::List1].top);
 }

@@ -23,7 +23,7 @@ PAGES = {"CommandExtMoins": "Types de fichiers précédents",
 # What is said of the controls that bear no text, or only a sign.
 NAMES = {
     "FrmMP3": PAGES | {
-        "List1": "CD", "DBList2": "Morceaux", "TextRech": "Recherche :",
+        "List1": "CD", "DBList2": "Morceaux", "TextRech": "Recherche\N{NO-BREAK SPACE}:",
         "CommandLecteurMoins": "Lecteur audio précédent", "CommandLecteurPlus": "Lecteur audio suivant",
         "Image1": "Lecteur de CD ROM", "LabelReglage": "Séparation des deux listes"},
     "FrmInfoTitre": {},

@@ -3,52 +3,12 @@ import pytest
 
 from harness import settings
 from harness.form import plain
+from harness.lookdialogs import (BACK_COLOUR, BLUE, FACE, FONT, GREEN, HELP, RED, SIZE, STYLE,
+                                 TEXT_COLOUR, choose_colour, choose_font, dialog_of, texts)
 from harness.steps import ALL, add_cd, choose_cd
 from harness.waiting import wait_for
 
-FONT = "Définir la taille et le type de fonte de caractères des listes"
-TEXT_COLOUR = "Définir la couleur de la fonte de caractères des listes"
-BACK_COLOUR = "Définir la couleur du fond des listes"
-
-# Controls of the system's dialogs.
-FACE, STYLE, SIZE = 1136, 1137, 1138
-RED, GREEN, BLUE = 706, 707, 708
-HELP = 1038
-
 LOOK = ("FontName", "FontBold", "FontItalic", "FontSize", "ForeColor", "BackColor")
-
-
-def dialog_of(main, command):
-    main.choose("Outils", command)
-    return main.program.message()
-
-
-def texts(dialog):
-    """What the dialog's fields show, by identifier."""
-    return {child["id"]: child["text"] for child in dialog.children()}
-
-
-def choose_font(main, face, size):
-    """The face box has the focus; Tab leads from it over the style to the size."""
-    dialog = dialog_of(main, FONT)
-    main.desktop.type(face)
-    wait_for(lambda: texts(dialog)[FACE] == face, face)
-    main.desktop.keys("Tab", "Tab")
-    main.desktop.type(str(size))
-    wait_for(lambda: texts(dialog)[SIZE] == str(size), f"size {size}")
-    dialog.answer("OK")
-
-
-def choose_colour(main, command, colour):
-    """Types the three parts of the colour; the first field has the focus already under some
-    systems and is clicked for the others."""
-    dialog = dialog_of(main, command)
-    for field, part in zip((RED, GREEN, BLUE), colour):
-        place = next(child["rect"] for child in dialog.children() if child["id"] == field)
-        main.desktop.click((place[0] + place[2]) // 2, (place[1] + place[3]) // 2, times=2)
-        main.desktop.type(str(part))
-        wait_for(lambda f=field, p=part: texts(dialog)[f] == str(p), f"{part} in its field")
-    dialog.answer("OK")
 
 
 def becomes_background(main, name, colour):

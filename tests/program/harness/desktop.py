@@ -212,6 +212,18 @@ class Desktop:
         subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=False)
         return path
 
+    def screenshot_at_rest(self, path):
+        """A screenshot of what stays on the screen: closed windows may take a moment to go."""
+        before = None
+
+        def at_rest():
+            nonlocal before
+            last, before = before, self.screenshot(path).read_bytes()
+            return before == last
+
+        wait_for(at_rest, "a picture at rest")
+        return path
+
     def pixels(self, rect):
         """A part of the screen: its rows from the top, each three bytes to a pixel."""
         left, top, right, bottom = rect
