@@ -75,7 +75,8 @@ def test_each_pair_of_rules_copies_exactly_what_it_says(main, target, doubles, k
             def choose(dialog, catalogue_rule=rule, run_rule=duplicate_rule):
                 dialog.control(f"OptionCopier{catalogue_rule}").click()
                 dialog.control(f"OptionCopier{3 + run_rule}").click()
-            window = begin_copy(main, choose)
+            # A repaint for each track takes long on a busy machine.
+            window = begin_copy(main, choose, deadline=120)
             # The order is the system's; what stands in it is not.
             lines = (program.folder / "tmp.tmp").read_bytes().decode("cp1252").split("\r\n")
             walked = [line.removeprefix("E:\\").replace("\\", "/") for line in lines[:-1]]
