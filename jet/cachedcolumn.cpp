@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "jet/columnreader.h"
+#include "jet/parallel.h"
 #include "jet/textsearch.h"
 
 namespace jet {
@@ -64,7 +65,8 @@ size_t CachedColumn::bytes() const {
                 values->starts.capacity()) *
                    sizeof(uint32_t);
     }
-    if (const TextValues* values = texts()) return values->texts.bytes() + values->index.bytes();
+    if (const TextValues* values = texts())
+        return values->texts.bytes() + values->index.bytes() + values->signature.bytes();
     return numbers()->capacity() * sizeof(double);
 }
 
@@ -186,7 +188,7 @@ bool CachedColumn::becomeTexts() {
         if (!fits) return false;
     }
     texts.reserve(expected);
-    values_ = TextValues{std::move(texts), TextIndex(order())};
+    values_ = TextValues{std::move(texts), TextIndex(order()), {}};
     return true;
 }
 
@@ -231,9 +233,10 @@ bool CachedColumn::passes(const ColumnTest& test, size_t row) const {
     return passesText(test, text_, order());
 }
 
-RowSet CachedColumn::filter(const ColumnTest& test, const RowSet& rows) const {
+RowSet CachedColumn::filter(const ColumnTest& test, const RowSet& rows, size_t room) {
     if (const DictionaryValues* values = dictionary()) return filterByCode(*values, test, rows);
-    if (const TextValues* values = texts()) return filterTexts(*values, test, rows);
+    if (auto* values = std::get_if<TextValues>(&values_))
+        return filterTexts(*values, test, rows, room);
     return rows.where([&](size_t row) { return passes(test, row); });
 }
 
@@ -252,8 +255,8 @@ RowSet CachedColumn::filterByCode(const DictionaryValues& values, const ColumnTe
     return rows.where([&](size_t row) { return passing[values.codes[row]]; });
 }
 
-RowSet CachedColumn::filterTexts(const TextValues& values, const ColumnTest& test,
-                                 const RowSet& rows) const {
+RowSet CachedColumn::filterTexts(TextValues& values, const ColumnTest& test, const RowSet& rows,
+                                 size_t room) {
     RowSet result(rows.limit());
     const bool contained = test.kind == ColumnTest::Kind::Like && !test.negated &&
                            test.pattern->containedText() && !test.pattern->containedText()->empty();
@@ -269,10 +272,31 @@ RowSet CachedColumn::filterTexts(const TextValues& values, const ColumnTest& tes
         rows.forEach([&](size_t row) {
             if (findBytes(values.texts.text(row), wanted) != kNotFound) result.add(row);
         });
-    } else {
-        values.texts.forEachHolding(wanted, [&](size_t row) { result.add(row); });
-        result.keepOnly(rows);
+        return result;
     }
+    if (TextSignature::bytesFor(values.texts.count()) <= room + values.signature.bytes())
+        values.signature.update(values.texts, *limits_);
+    result = rowsHolding(wanted, values, *limits_);
+    result.keepOnly(rows);
+    return result;
+}
+
+RowSet CachedColumn::rowsHolding(std::span<const uint8_t> wanted, const TextValues& values,
+                                 const CacheLimits& limits) {
+    RowSet result(values.texts.count());
+    const std::vector<TextSignature::Run> runs =
+        values.signature.candidates(wanted, values.texts.count());
+    size_t searched = 0;
+    for (const TextSignature::Run& run : runs)
+        searched += run.last - run.first;
+    // No two runs have rows in one word of the result.
+    static_assert(TextSignature::kRowsOfBlock % RowSet::kRowsOfWord == 0);
+    inParts(runs.size(), limits.partsFor(searched), [&](size_t, size_t first, size_t last) {
+        for (const TextSignature::Run& run : std::span(runs).subspan(first, last - first)) {
+            values.texts.forEachHolding(wanted, run.first, run.last,
+                                        [&](size_t row) { result.add(row); });
+        }
+    });
     return result;
 }
 

@@ -18,6 +18,7 @@
 #include "jet/table.h"
 #include "jet/textdictionary.h"
 #include "jet/textindex.h"
+#include "jet/textsignature.h"
 
 namespace jet {
 
@@ -37,6 +38,7 @@ struct DictionaryValues {
 struct TextValues {
     FoldedTexts texts;
     TextIndex index;
+    TextSignature signature;
 };
 
 class CachedColumn {
@@ -61,8 +63,9 @@ class CachedColumn {
     int compare(size_t a, size_t b) const;
     // Whether the test of this column is true for the row.
     bool passes(const ColumnTest& test, size_t row) const;
-    // The rows among `rows` for which it is true.
-    RowSet filter(const ColumnTest& test, const RowSet& rows) const;
+    // The rows among `rows` for which it is true. May take up to `room` bytes to make the next
+    // search faster.
+    RowSet filter(const ColumnTest& test, const RowSet& rows, size_t room);
     // Of a column with a dictionary: for each code, 1 when the test is true for its text.
     std::vector<uint8_t> passingCodes(const ColumnTest& test) const;
 
@@ -86,7 +89,9 @@ class CachedColumn {
     bool joinCodes(const DictionaryValues& part);
     RowSet filterByCode(const DictionaryValues& values, const ColumnTest& test,
                         const RowSet& rows) const;
-    RowSet filterTexts(const TextValues& values, const ColumnTest& test, const RowSet& rows) const;
+    RowSet filterTexts(TextValues& values, const ColumnTest& test, const RowSet& rows, size_t room);
+    static RowSet rowsHolding(std::span<const uint8_t> wanted, const TextValues& values,
+                              const CacheLimits& limits);
     std::vector<uint32_t> rowsOfCodes(DictionaryValues& values, std::u16string_view text) const;
 
     const Column* column_;

@@ -38,4 +38,11 @@ std::optional<CodeDecision> CodeDecision::of(const Condition& condition, TableCa
     return CodeDecision(*values, passingCodes(condition, *cached));
 }
 
+size_t CodeDecision::rows() const {
+    size_t rows = 0;
+    for (size_t code = 0; code < passing_.size() && code < values_->counts.size(); ++code)
+        if (passing_[code] != 0) rows += values_->counts[code];
+    return rows;
+}
+
 }  // namespace jet

@@ -19,6 +19,8 @@ class CodeDecision {
     static std::optional<CodeDecision> of(const Condition& condition, TableCache& cache,
                                           size_t mostCodes);
 
+    // About how many rows pass: removed ones count as well.
+    size_t rows() const;
     bool passes(size_t row) const { return passing_[values_->codes[row]] != 0; }
 
   private:

@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "base/codepage.h"
-#include "jet/textsearch.h"
 
 namespace jet {
 namespace {
@@ -127,10 +126,6 @@ void FoldedTexts::reserve(size_t rows) {
     if (count() == 0) return;
     ends_.reserve(rows);
     buffer_.reserve(rows * (buffer_.size() / count() + 1));
-}
-
-size_t FoldedTexts::find(std::span<const uint8_t> wanted, size_t from) const {
-    return findBytes(buffer_, wanted, from);
 }
 
 // The row whose text holds the byte at `place`; no row before `firstRow` does. Hits mostly follow

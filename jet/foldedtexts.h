@@ -12,6 +12,7 @@
 
 #include "jet/rawtext.h"
 #include "jet/textorder.h"
+#include "jet/textsearch.h"
 
 namespace jet {
 
@@ -74,14 +75,17 @@ class FoldedTexts {
         return {buffer_.data() + begin(row), ends_[row] - begin(row)};
     }
 
-    // visit(row) for each row whose text holds `wanted`, in ascending order; `wanted` is not empty.
+    // visit(row) for each row from `first` to before `last` whose text holds `wanted`, in ascending
+    // order; `wanted` is not empty.
     template <typename Visitor>
-    void forEachHolding(std::span<const uint8_t> wanted, Visitor&& visit) const {
-        size_t row = 0;
-        for (size_t at = find(wanted, 0); at < buffer_.size(); at = find(wanted, begin(row))) {
-            row = rowAt(at, row);
+    void forEachHolding(std::span<const uint8_t> wanted, size_t first, size_t last,
+                        Visitor&& visit) const {
+        const auto texts = std::span(buffer_).first(begin(last));
+        for (size_t row = first; row < last; ++row) {
+            const size_t place = findBytes(texts, wanted, begin(row));
+            if (place == kNotFound) return;
+            row = rowAt(place, row);
             visit(row);
-            if (++row == count()) return;
         }
     }
 
@@ -91,7 +95,6 @@ class FoldedTexts {
     static constexpr uint8_t kNull = 0xFE;
 
     size_t begin(size_t row) const { return row == 0 ? 0 : size_t{ends_[row - 1]} + 1; }
-    size_t find(std::span<const uint8_t> wanted, size_t from) const;
     size_t rowAt(size_t place, size_t firstRow) const;
 
     std::vector<uint8_t> buffer_;

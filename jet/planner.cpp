@@ -15,6 +15,9 @@ constexpr size_t kWorthRanking = 1024;
 // From one row in so many on, going through all rows in order is faster than sorting some.
 constexpr size_t kWalkRanking = 32;
 
+// For so few different texts a test is worked out in no time.
+constexpr size_t kFewCodes = 64;
+
 bool isLookUp(const Condition& condition) {
     return condition.kind == Condition::Kind::Test &&
            condition.test.kind == ColumnTest::Kind::Text &&
@@ -153,14 +156,23 @@ bool Planner::passes(const ColumnTest& test, uint32_t row) {
     return RowTester(table_, textOrder_).passes(table_.row(cache_.ids()[row]), test);
 }
 
-// Comparisons of codes and numbers first, searches in texts next, reading from pages last.
+// What is to be done first: what is quick and leaves few rows, then searches in texts, then what is
+// quick but leaves most rows, then other tests of texts, and reading from pages last.
 int Planner::cost(const Condition& condition) {
+    constexpr int kNone = 0;
+    constexpr int kSearch = 1;
+    constexpr int kQuick = 2;
+    constexpr int kText = 3;
+    constexpr int kPages = 4;
+    const size_t few = cache_.ids().size() / kSelective;
+    if (const auto decision = CodeDecision::of(condition, cache_, kFewCodes))
+        return decision->rows() < few ? kNone : kQuick;
     if (condition.kind == Condition::Kind::Test) {
         const CachedColumn* column = cache_.column(*condition.test.column);
-        if (!column) return 3;
-        if (!column->texts()) return 0;
+        if (!column) return kPages;
+        if (!column->texts()) return kNone;
         const auto& pattern = condition.test.pattern;
-        return pattern && pattern->containedText() ? 1 : 2;
+        return pattern && pattern->containedText() ? kSearch : kText;
     }
     int highest = 0;
     for (const Condition& operand : condition.operands)
@@ -192,7 +204,8 @@ RowSet Planner::filter(const Condition& condition, RowSet rows) {
 }
 
 RowSet Planner::filterByTest(const ColumnTest& test, const RowSet& rows) {
-    if (const CachedColumn* column = cache_.column(*test.column)) return column->filter(test, rows);
+    if (CachedColumn* const column = cache_.column(*test.column))
+        return column->filter(test, rows, cache_.room());
     RowTester tester(table_, textOrder_);
     RowSet found(rows.limit());
     rows.forEach([&](size_t row) {

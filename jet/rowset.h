@@ -10,6 +10,9 @@ namespace jet {
 
 class RowSet {
   public:
+    // Rows from one multiple of this to the next may be added while others add to other ones.
+    static constexpr size_t kRowsOfWord = 64;
+
     explicit RowSet(size_t count = 0) : count_(count), words_((count + 63) / 64) {}
 
     // Numbers below this may be members.
@@ -28,7 +31,7 @@ class RowSet {
     size_t size() const {
         size_t size = 0;
         for (const uint64_t word : words_)
-            size += static_cast<size_t>(std::popcount(word));
+            size += ones(word);
         return size;
     }
 
@@ -73,6 +76,13 @@ class RowSet {
     }
 
   private:
+    // As std::popcount, which calls a function where the processor may have no instruction for it.
+    static size_t ones(uint64_t word) {
+        word -= word >> 1 & 0x5555555555555555;
+        word = (word & 0x3333333333333333) + (word >> 2 & 0x3333333333333333);
+        word = (word + (word >> 4)) & 0x0F0F0F0F0F0F0F0F;
+        return word * 0x0101010101010101 >> 56;
+    }
     static uint64_t bit(size_t row) { return uint64_t{1} << (row % 64); }
 
     size_t count_;

@@ -46,10 +46,9 @@ void TableCache::load(std::span<const Column* const> columns) {
         place.refused = true;  // unless it turns out otherwise
         if (column->isText() || isComparedAsNumber(*column)) wanted.push_back(column);
     }
-    if (wanted.empty() || bytes() >= bound()) return;
+    if (wanted.empty()) return;
     ColumnLoader::Columns loaded =
-        ColumnLoader(table_, folder_, limits_, {ids_, firstCount_, live_})
-            .load(wanted, bound() - bytes());
+        ColumnLoader(table_, folder_, limits_, {ids_, firstCount_, live_}).load(wanted, room());
     for (size_t i = 0; i < wanted.size(); ++i) {
         Slot& place = slot(*wanted[i]);
         place.column = std::move(loaded[i]);
@@ -79,12 +78,13 @@ size_t TableCache::bytes() const {
     return bytes;
 }
 
-size_t TableCache::bound() const {
-    return limits_.bytesPerRow * std::max(ids_.size(), kFewestRows);
+size_t TableCache::room() const {
+    const size_t bound = limits_.bytesPerRow * std::max(ids_.size(), kFewestRows);
+    return bound - std::min(bound, bytes());
 }
 
 bool TableCache::hasRoomFor(size_t bytes) const {
-    return this->bytes() + bytes <= bound();
+    return bytes <= room();
 }
 
 void TableCache::rowAdded(RowId id) {

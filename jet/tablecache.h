@@ -39,6 +39,8 @@ class TableCache {
     const Ranking* ranking(const Column& column);
     // The same, but null as well when it would have to be made or brought up to date.
     const Ranking* freshRanking(const Column& column);
+    // The bytes that are left within the bound.
+    size_t room() const;
     // Whether so many bytes more are within the bound.
     bool hasRoomFor(size_t bytes) const;
 
@@ -58,7 +60,6 @@ class TableCache {
     Slot& slot(const Column& column) { return slots_[place(column)]; }
     std::optional<size_t> numberOf(RowId id) const;
     size_t bytes() const;
-    size_t bound() const;
 
     const Table& table_;
     CacheLimits limits_;

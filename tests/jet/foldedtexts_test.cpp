@@ -61,7 +61,8 @@ class FoldedTextsColumn : public testing::Test {
     void add(std::u16string_view text) { ASSERT_TRUE(texts_.append(fold(text))); }
     std::vector<size_t> rowsHolding(std::u16string_view wanted) const {
         std::vector<size_t> rows;
-        texts_.forEachHolding(fold(wanted), [&](size_t row) { rows.push_back(row); });
+        texts_.forEachHolding(fold(wanted), 0, texts_.count(),
+                              [&](size_t row) { rows.push_back(row); });
         return rows;
     }
     FoldedTexts texts_;

@@ -182,5 +182,25 @@ TEST_F(TableCacheTest, GivesUpTheLastColumnsThatFindNoRoom) {
     EXPECT_FALSE(rows.isMissing(column(u"Nom")));
 }
 
+TEST_F(TableCacheTest, SearchesTheSameWithAndWithoutASignature) {
+    addRows(9000);
+    TableCache signedRows = cache({.rowsOfPart = 500, .processors = 2});
+    TableCache plainRows = cache();
+    CachedColumn& names = *signedRows.column(column(u"Nom"));
+    CachedColumn& plain = *plainRows.column(column(u"Nom"));
+    for (const std::u16string_view text : {u"TLE 12", u"e 8", u"77", u"title 4095", u"nowhere"}) {
+        ColumnTest test;
+        test.column = &column(u"Nom");
+        test.kind = ColumnTest::Kind::Like;
+        test.pattern = LikePattern(u"*" + std::u16string(text) + u"*", TextOrder::general4());
+        const RowSet found = names.filter(test, signedRows.live(), signedRows.room());
+        const RowSet expected = plain.filter(test, plainRows.live(), 0);
+        for (size_t row = 0; row < 9000; ++row)
+            ASSERT_EQ(found.contains(row), expected.contains(row)) << row;
+    }
+    EXPECT_GT(names.texts()->signature.bytes(), 0u);
+    EXPECT_EQ(plain.texts()->signature.bytes(), 0u);
+}
+
 }  // namespace
 }  // namespace jet

@@ -1,0 +1,50 @@
+// Tells blocks of rows whose texts cannot hold what is searched: for each block, which sequences of
+// three bytes its texts have, by hash.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <vector>
+
+#include "jet/cachelimits.h"
+#include "jet/foldedtexts.h"
+
+namespace jet {
+
+class TextSignature {
+  public:
+    static constexpr size_t kRowsOfBlock = 64;
+    static constexpr size_t kRowsOfGroup = 64 * kRowsOfBlock;
+
+    // Rows `first` to `last`, that one excluded.
+    struct Run {
+        size_t first;
+        size_t last;
+    };
+
+    // Takes in the whole groups of rows behind those that it knows. `texts` is always the same
+    // column; its texts never change, and rows only come behind. Several processors share the work
+    // where `limits` let them.
+    void update(const FoldedTexts& texts, const CacheLimits& limits);
+
+    // All rows below `count` that may hold `wanted`, those that it does not know among them, in
+    // ascending order. A run begins at a multiple of kRowsOfBlock and stays within a group.
+    std::vector<Run> candidates(std::span<const uint8_t> wanted, size_t count) const;
+
+    size_t bytes() const { return groups_.capacity() * sizeof(uint64_t); }
+    // What it takes for that many rows.
+    static size_t bytesFor(size_t rows) { return rows / kRowsOfGroup * kSlots * sizeof(uint64_t); }
+
+  private:
+    static constexpr size_t kSlots = 8192;
+
+    static size_t slotOf(const uint8_t* bytes);
+    static void sign(const FoldedTexts& texts, size_t group, std::span<uint64_t> blocksBySlot);
+    uint64_t blocksOf(size_t group, std::span<const uint8_t> wanted) const;
+
+    // For each group of 64 blocks and each slot: the blocks that have a sequence of that hash.
+    std::vector<uint64_t> groups_;
+};
+
+}  // namespace jet

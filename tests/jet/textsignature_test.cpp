@@ -1,0 +1,121 @@
+#include "jet/textsignature.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace jet {
+namespace {
+
+constexpr size_t kBlock = TextSignature::kRowsOfBlock;
+constexpr size_t kGroup = TextSignature::kRowsOfGroup;
+
+std::span<const uint8_t> bytesOf(std::string_view text) {
+    return {reinterpret_cast<const uint8_t*>(text.data()), text.size()};
+}
+
+class TextSignatureTest : public testing::Test {
+  protected:
+    void add(std::string_view text) { ASSERT_TRUE(texts_.append(bytesOf(text))); }
+    void addNumbered(size_t count) {
+        for (size_t i = 0; i < count; ++i)
+            add("title " + std::to_string(texts_.count()));
+    }
+    std::vector<TextSignature::Run> candidates(std::string_view wanted) const {
+        return signature_.candidates(bytesOf(wanted), texts_.count());
+    }
+    size_t candidateRows(std::string_view wanted) const {
+        size_t rows = 0;
+        for (const TextSignature::Run& run : candidates(wanted))
+            rows += run.last - run.first;
+        return rows;
+    }
+
+    FoldedTexts texts_;
+    TextSignature signature_;
+    CacheLimits limits_;
+};
+
+TEST_F(TextSignatureTest, LeavesOutNoRowThatHoldsTheText) {
+    std::mt19937 random(7);
+    const auto word = [&random] {
+        std::string text;
+        for (size_t length = 1 + random() % 6; length > 0; --length)
+            text += static_cast<char>('a' + random() % 20);
+        return text;
+    };
+    for (size_t row = 0; row < 2 * kGroup + 100; ++row) {
+        if (row % 17 == 0)
+            texts_.appendNull();
+        else
+            add(word() + " " + word());
+    }
+    for (const size_t processors : {1u, 2u, 5u}) {
+        limits_ = {.rowsOfPart = 100, .processors = processors};
+        signature_ = TextSignature();
+        signature_.update(texts_, limits_);
+        for (int i = 0; i < 300; ++i) {
+            const std::string wanted = word();
+            const auto runs = candidates(wanted);
+            size_t before = 0;
+            std::vector<size_t> found;
+            for (const TextSignature::Run& run : runs) {
+                ASSERT_LT(run.first, run.last);
+                ASSERT_GE(run.first, before);
+                ASSERT_EQ(run.first % kBlock, 0u);
+                ASSERT_EQ(run.first / kGroup, (run.last - 1) / kGroup);
+                before = run.last;
+                texts_.forEachHolding(bytesOf(wanted), run.first, run.last,
+                                      [&](size_t row) { found.push_back(row); });
+            }
+            std::vector<size_t> expected;
+            texts_.forEachHolding(bytesOf(wanted), 0, texts_.count(),
+                                  [&](size_t row) { expected.push_back(row); });
+            ASSERT_EQ(found, expected) << wanted;
+        }
+    }
+}
+
+TEST_F(TextSignatureTest, LeavesOutBlocksThatDoNotHoldIt) {
+    addNumbered(kGroup);
+    signature_.update(texts_, limits_);
+    EXPECT_EQ(candidateRows("xqxqxqxq"), 0u);
+    EXPECT_LE(candidateRows("title 1234"), kGroup / 8);
+    EXPECT_GE(candidateRows("title 1234"), kBlock);
+    EXPECT_EQ(candidateRows("title"), kGroup);
+}
+
+TEST_F(TextSignatureTest, LooksEverywhereForWhatIsTooShort) {
+    addNumbered(kGroup + 1);
+    signature_.update(texts_, limits_);
+    EXPECT_EQ(candidateRows("xq"), kGroup + 1);
+    EXPECT_EQ(candidateRows("x"), kGroup + 1);
+}
+
+TEST_F(TextSignatureTest, KnowsWholeGroupsAlone) {
+    addNumbered(kGroup - 1);
+    signature_.update(texts_, limits_);
+    EXPECT_EQ(signature_.bytes(), 0u);
+    EXPECT_EQ(candidateRows("xqxq"), kGroup - 1);
+    addNumbered(2);
+    EXPECT_EQ(candidateRows("xqxq"), kGroup + 1);
+    signature_.update(texts_, limits_);
+    EXPECT_EQ(signature_.bytes(), TextSignature::bytesFor(texts_.count()));
+    EXPECT_EQ(candidateRows("xqxq"), 1u);
+    addNumbered(kGroup);
+    signature_.update(texts_, limits_);
+    EXPECT_EQ(signature_.bytes(), TextSignature::bytesFor(texts_.count()));
+    EXPECT_EQ(candidateRows("xqxq"), 1u);
+    EXPECT_GE(candidateRows("title 5000"), kBlock);
+}
+
+TEST_F(TextSignatureTest, NothingIsFoundAmongNoRows) {
+    signature_.update(texts_, limits_);
+    EXPECT_TRUE(candidates("abc").empty());
+}
+
+}  // namespace
+}  // namespace jet
