@@ -218,9 +218,13 @@ def test_a_copy_that_asks_for_a_name_is_not_busy(main, folders, disk):
         (disk / path).write_bytes(b"pris")
     window = begin_copy(main)
     window.CommandCopier.click()
+    first = main.program.form("FrmExisteFich")
+    first.CommandOK.click()
+    first.wait_gone()
+    # A file has been copied meanwhile.
     conflict = main.program.form("FrmExisteFich")
     pointer.becomes_at(conflict.LabelAncien.rect, "arrow")
-    pointer.becomes_at(window.ListInfocopy.rect, "arrow")
+    assert pointer.shapes_over(window.LabelTitrelist.rect) == {"arrow"}
     conflict.Command1.click()
     wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
     pointer.becomes_at(window.ListInfocopy.rect, "arrow")
