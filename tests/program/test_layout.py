@@ -275,7 +275,9 @@ def test_size_and_split_come_back_at_the_next_start(program):
     main = program.open()
     main.resize(1000, 720)
     becomes(main, 1000, 720)
+    left = main.List1.width
     drag_splitter(main, 60)
+    wait_for(lambda: main.List1.width == left + 60, "a wider list of media")
     widths = main.List1.width, main.DBList2.width
     program.quit()
     again = program.open()
