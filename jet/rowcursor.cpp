@@ -30,9 +30,8 @@ void RowCursor::prefetchNextPage() const {
     constexpr uint32_t kCacheLine = 64;
     const uint32_t pageSize = pager_->format().pageSize;
     // An address behind the file does no harm here.
-    const auto next = reinterpret_cast<uintptr_t>(page_) + pageSize;
-    for (uint32_t at = 0; at < pageSize; at += kCacheLine)
-        __builtin_prefetch(reinterpret_cast<const void*>(next + at));
+    for (uint32_t at = pageSize; at < 2 * pageSize; at += kCacheLine)
+        __builtin_prefetch(page_ + at);
 }
 
 RowView RowCursor::followed() const {
