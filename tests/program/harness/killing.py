@@ -1,4 +1,8 @@
-"""Kills the program at random moments of its operations and judges what is left of the catalogue."""
+"""Kills the program at random moments of its operations and judges what is left of the catalogue.
+
+Most of an operation's time goes by before its commit, which random moments would hardly ever meet:
+every other kill comes shortly after the journal has appeared.
+"""
 import random
 import shutil
 import tempfile
@@ -10,9 +14,10 @@ from .medium import as_set
 from .paths import BUILD
 from .program import Program
 from .steps import ALL, add_cd, choose_cd, open_new_cd
-from .waiting import wait_for
+from .waiting import DEADLINE, wait_for
 
 FILES = 1500
+LONGEST_COMMIT = 0.03  # seconds, about, that the journal is needed
 
 
 def big_medium(folder):
@@ -110,12 +115,21 @@ class KillTest:
         self._program.quit()
         return seconds, as_set(catalogue.rows(self._program.database))
 
+    def _await_journal(self):
+        journal = self._program.database.with_name("Brivantole.mdb-journal")
+        deadline = time.monotonic() + DEADLINE
+        while not journal.exists():
+            assert time.monotonic() < deadline, "no journal has appeared"
+
     def _kill_once(self, number, operation, before, seconds, after):
         self._restore()
         main = self._program.open()
         operation.prepare(main)
-        moment = self._random.uniform(0, seconds)
+        in_commit = number // len(OPERATIONS) % 2 == 1
+        moment = self._random.uniform(0, LONGEST_COMMIT if in_commit else seconds)
         self._desktop.keys("Return")
+        if in_commit:
+            self._await_journal()
         time.sleep(moment)
         self._program.kill()
         # An independent reader finds a valid file at once ...
@@ -126,8 +140,9 @@ class KillTest:
         assert self._program.quit() == 0
         rows = as_set(catalogue.rows(self._program.database))
         state = "before" if rows == before else "after" if rows == after else "NEITHER"
-        self._say(f"kill {number + 1}: {operation.name} at {moment:.3f} s of {seconds:.3f} s: {state}")
+        where = "of the commit" if in_commit else f"of {seconds:.3f} s"
+        self._say(f"kill {number + 1}: {operation.name} at {moment:.3f} s {where}: {state}")
         assert state != "NEITHER", (
-            f"{operation.name}, killed after {moment:.3f} s, left {len(rows)} rows; "
+            f"{operation.name}, killed at {moment:.3f} s {where}, left {len(rows)} rows; "
             f"before {len(before)}, after {len(after)}")
         assert catalogue.count(self._program.database) == len(rows)
