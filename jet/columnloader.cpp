@@ -34,21 +34,22 @@ void append(Columns& columns, const Table& table, RowView row) {
 
 Columns ColumnLoader::load(std::span<const Column* const> columns, size_t room) const {
     const size_t rows = rows_.ids.size();
-    std::vector<Columns> parts(limits_.partsFor(rows));
-    inParts(rows, parts.size(), [&](size_t part, size_t first, size_t last) {
-        // What turns texts keeps the last of them.
-        TextFolder folder(folder_.order());
-        parts[part] =
-            loadPart(columns, room / parts.size(), part == 0 ? folder_ : folder, first, last);
+    const size_t count = limits_.partsFor(rows);
+    // A folder serves one thread only; the columns of the other parts do not outlive theirs.
+    std::vector<TextFolder> folders(count - 1, TextFolder(folder_.order()));
+    std::vector<Columns> parts(count);
+    inParts(rows, count, [&](size_t part, size_t first, size_t last) {
+        TextFolder& folder = part == 0 ? folder_ : folders[part - 1];
+        parts[part] = loadPart(columns, room / count, folder, first, last);
     });
     Columns loaded = std::move(parts.front());
     for (size_t i = 0; i < loaded.size(); ++i) {
         if (!loaded[i]) continue;
         std::vector<const CachedColumn*> others;
-        for (size_t part = 1; part < parts.size(); ++part)
+        for (size_t part = 1; part < count; ++part)
             others.push_back(parts[part][i].get());
         if (!loaded[i]->join(others)) loaded[i].reset();
-        for (size_t part = 1; part < parts.size(); ++part)
+        for (size_t part = 1; part < count; ++part)
             parts[part][i].reset();
     }
     fit(loaded, room);
@@ -76,7 +77,7 @@ Columns ColumnLoader::loadPart(std::span<const Column* const> columns, size_t ro
             appendNull(loaded);
             continue;
         }
-        // The order of the identities is mostly that of the pages.
+        // The cursor meets the identities in ascending order, too.
         const RowId id = rows_.ids[row];
         const bool inOrder = row < rows_.sorted;
         while (inOrder && atRow && cursor.id() < id)

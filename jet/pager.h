@@ -39,7 +39,7 @@ class Pager {
     uint32_t oldPageCount() const { return oldPageCount_; }
 
     // The page's bytes, format().pageSize of them; valid until the next write. DatabaseCorrupt when
-    // the file has no such page.
+    // the file has no such page. Several threads may read at once as long as none writes.
     const uint8_t* page(uint32_t number) const {
         if (!images_.empty()) [[unlikely]] {
             const auto found = images_.find(number);

@@ -13,7 +13,8 @@ class RowSet {
     // Rows from one multiple of this to the next may be added while others add to other ones.
     static constexpr size_t kRowsOfWord = 64;
 
-    explicit RowSet(size_t count = 0) : count_(count), words_((count + 63) / 64) {}
+    explicit RowSet(size_t count = 0)
+        : count_(count), words_((count + kRowsOfWord - 1) / kRowsOfWord) {}
 
     // Numbers below this may be members.
     size_t limit() const { return count_; }
@@ -21,12 +22,12 @@ class RowSet {
 
     // Raises the limit by one; the new number is a member.
     void pushMember() {
-        if (count_ % 64 == 0) words_.push_back(0);
+        if (count_ % kRowsOfWord == 0) words_.push_back(0);
         add(count_++);
     }
-    void add(size_t row) { words_[row / 64] |= bit(row); }
-    void remove(size_t row) { words_[row / 64] &= ~bit(row); }
-    bool contains(size_t row) const { return (words_[row / 64] & bit(row)) != 0; }
+    void add(size_t row) { words_[row / kRowsOfWord] |= bit(row); }
+    void remove(size_t row) { words_[row / kRowsOfWord] &= ~bit(row); }
+    bool contains(size_t row) const { return (words_[row / kRowsOfWord] & bit(row)) != 0; }
 
     size_t size() const {
         size_t size = 0;
@@ -54,7 +55,7 @@ class RowSet {
     void forEach(Visitor&& visit) const {
         for (size_t i = 0; i < words_.size(); ++i) {
             for (uint64_t word = words_[i]; word != 0; word &= word - 1)
-                visit(i * 64 + static_cast<size_t>(std::countr_zero(word)));
+                visit(i * kRowsOfWord + static_cast<size_t>(std::countr_zero(word)));
         }
     }
 
@@ -65,8 +66,8 @@ class RowSet {
         RowSet result(count_);
         for (size_t i = 0; i < words_.size(); ++i) {
             if (words_[i] == 0) continue;
-            const size_t first = i * 64;
-            const size_t end = first + 64 < count_ ? first + 64 : count_;
+            const size_t first = i * kRowsOfWord;
+            const size_t end = first + kRowsOfWord < count_ ? first + kRowsOfWord : count_;
             uint64_t word = 0;
             for (size_t row = first; row < end; ++row)
                 word |= static_cast<uint64_t>(test(row) ? 1 : 0) << (row - first);
@@ -83,7 +84,7 @@ class RowSet {
         word = (word + (word >> 4)) & 0x0F0F0F0F0F0F0F0F;
         return word * 0x0101010101010101 >> 56;
     }
-    static uint64_t bit(size_t row) { return uint64_t{1} << (row % 64); }
+    static uint64_t bit(size_t row) { return uint64_t{1} << (row % kRowsOfWord); }
 
     size_t count_;
     std::vector<uint64_t> words_;

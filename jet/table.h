@@ -35,7 +35,8 @@ class Table {
     // As counted in the definition, changes of the running transaction included.
     uint64_t rowCount() const;
 
-    // Rows in file order. Use it up before the next write.
+    // Rows in file order, which is that of their identities, from a page on. Use it up before the
+    // next write.
     RowCursor rows(uint32_t fromPage = 0) const;
     // visit(RowId, RowView); when it returns bool, false ends the walk.
     template <typename Visitor>

@@ -15,6 +15,7 @@ constexpr size_t kFewestRows = 4096;
 TableCache::TableCache(const Table& table, const TextOrder& order, const CacheLimits& limits)
     : table_(table), limits_(limits), folder_(order), slots_(table.definition().columns.size()) {
     ids_.reserve(table.rowCount());
+    // Rows in file order: in ascending order of their identities.
     table.forEachRow([this](RowId id, RowView) { ids_.push_back(id); });
     firstCount_ = ids_.size();
     for (size_t row = 0; row < ids_.size(); ++row)
@@ -42,9 +43,10 @@ void TableCache::load(std::span<const Column* const> columns) {
     std::vector<const Column*> wanted;
     for (const Column* column : columns) {
         if (!isMissing(*column)) continue;
-        Slot& place = slot(*column);
-        place.refused = true;  // unless it turns out otherwise
-        if (column->isText() || isComparedAsNumber(*column)) wanted.push_back(column);
+        if (column->isText() || isComparedAsNumber(*column))
+            wanted.push_back(column);
+        else
+            slot(*column).refused = true;
     }
     if (wanted.empty()) return;
     ColumnLoader::Columns loaded =

@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <bit>
-#include <memory>
 
 #include "jet/parallel.h"
 
 namespace jet {
 namespace {
 
-constexpr size_t kSequence = 3;
-constexpr size_t kBlocksOfGroup = 64;
+constexpr size_t kSequence = 3;  // bytes
 
 }  // namespace
 
@@ -39,6 +37,7 @@ void TextSignature::update(const FoldedTexts& texts, const CacheLimits& limits) 
 void TextSignature::sign(const FoldedTexts& texts, size_t group, std::span<uint64_t> blocksBySlot) {
     std::array<uint64_t, kSlots / 64> slots;
     for (size_t block = 0; block < kBlocksOfGroup; ++block) {
+        const uint64_t thisBlock = uint64_t{1} << block;
         slots.fill(0);
         const size_t firstRow = group * kRowsOfGroup + block * kRowsOfBlock;
         for (size_t row = firstRow; row < firstRow + kRowsOfBlock; ++row) {
@@ -50,8 +49,7 @@ void TextSignature::sign(const FoldedTexts& texts, size_t group, std::span<uint6
         }
         for (size_t i = 0; i < slots.size(); ++i) {
             for (uint64_t word = slots[i]; word != 0; word &= word - 1)
-                blocksBySlot[i * 64 + static_cast<size_t>(std::countr_zero(word))] |= uint64_t{1}
-                                                                                      << block;
+                blocksBySlot[i * 64 + static_cast<size_t>(std::countr_zero(word))] |= thisBlock;
         }
     }
 }

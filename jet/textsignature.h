@@ -1,5 +1,5 @@
-// Tells blocks of rows whose texts cannot hold what is searched: for each block, which sequences of
-// three bytes its texts have, by hash.
+// Tells which blocks of rows cannot hold a searched text: for each block it knows, by hash, the
+// sequences of three bytes that its texts have.
 #pragma once
 
 #include <cstddef>
@@ -15,7 +15,8 @@ namespace jet {
 class TextSignature {
   public:
     static constexpr size_t kRowsOfBlock = 64;
-    static constexpr size_t kRowsOfGroup = 64 * kRowsOfBlock;
+    static constexpr size_t kBlocksOfGroup = 64;  // a bit for each in one word
+    static constexpr size_t kRowsOfGroup = kBlocksOfGroup * kRowsOfBlock;
 
     // Rows `first` to `last`, that one excluded.
     struct Run {
@@ -43,7 +44,7 @@ class TextSignature {
     static void sign(const FoldedTexts& texts, size_t group, std::span<uint64_t> blocksBySlot);
     uint64_t blocksOf(size_t group, std::span<const uint8_t> wanted) const;
 
-    // For each group of 64 blocks and each slot: the blocks that have a sequence of that hash.
+    // For each group of blocks and each slot: the blocks that have a sequence of that hash.
     std::vector<uint64_t> groups_;
 };
 

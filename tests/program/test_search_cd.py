@@ -5,7 +5,7 @@ from harness import catalogue, medium, settings
 from harness.desktop import CD_ROM, FIXED, Desktop
 from harness.player import RecordingPlayer, windows_path
 from harness.program import Program
-from harness.runwindow import keeps_its_order, keeps_its_size
+from harness.runwindow import check_order, check_kept_size
 from harness.steps import add_cd, open_search, search
 from harness.waiting import wait_for
 
@@ -340,13 +340,13 @@ def in_order(results):
 
 def test_the_window_keeps_its_order_at_any_size(main):
     results = search(main)
-    assert keeps_its_order(results, in_order)
+    check_order(results, in_order)
     close(results)
 
 
 def test_the_size_is_kept_for_the_next_run(catalogued, desktop):
     with Program(desktop, files=catalogued) as program:
-        assert keeps_its_size(program, search, close, (1, 2, 3))
+        check_kept_size(program, search, close, (1, 2, 3))
 
 
 @pytest.mark.parametrize("stored, size", settings.ABSURD_RUN_SIZES)

@@ -50,6 +50,13 @@ def conflict(main, old_name):
     return dialog
 
 
+def asked(main, target, *others):
+    """A copy of one file whose name is taken, as are others: the copy's window and the question."""
+    taken(target, "titre.mp3", *others)
+    window = start(main, "Un - Deux")
+    return window, conflict(main, "titre.mp3")
+
+
 def finish(window):
     wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
     window.ComAnnuleCopie.click()
@@ -81,9 +88,7 @@ def test_the_dialog_says_what_is_wrong_over_the_copy(main, target):
 
 
 def test_a_name_of_ones_own(main, target):
-    taken(target, "titre.mp3")
-    window = start(main, "Un - Deux")
-    dialog = conflict(main, "titre.mp3")
+    window, dialog = asked(main, target)
     dialog.TextNouveauNom.fill("  autre.mp3  ")
     main.desktop.keys("Return")
     finish(window)
@@ -91,9 +96,7 @@ def test_a_name_of_ones_own(main, target):
 
 
 def test_typing_replaces_the_name_and_keeps_the_type(main, target):
-    taken(target, "titre.mp3")
-    window = start(main, "Un - Deux")
-    dialog = conflict(main, "titre.mp3")
+    window, dialog = asked(main, target)
     main.desktop.type("x")
     wait_for(lambda: dialog.TextNouveauNom.text == "x.mp3", "the name")
     dialog.CommandOK.click()
@@ -118,9 +121,7 @@ def test_a_name_that_is_taken_too_brings_the_dialog_back(main, target):
 
 
 def test_an_empty_name_cannot_be_confirmed(main, target):
-    taken(target, "titre.mp3")
-    window = start(main, "Un - Deux")
-    dialog = conflict(main, "titre.mp3")
+    window, dialog = asked(main, target)
     for text in ("", "   "):
         dialog.TextNouveauNom.fill(text)
         wait_for(lambda: not dialog.CommandOK.enabled, "nothing to confirm")
@@ -131,9 +132,7 @@ def test_an_empty_name_cannot_be_confirmed(main, target):
 
 
 def test_characters_that_no_name_may_hold_are_dropped(main, target):
-    taken(target, "titre.mp3")
-    window = start(main, "Un - Deux")
-    dialog = conflict(main, "titre.mp3")
+    window, dialog = asked(main, target)
     dialog.TextNouveauNom.fill('a\\b/c:d*e?f<g>h|i"j.mp3')
     wait_for(lambda: dialog.TextNouveauNom.text == "abcdefghij.mp3", "what a name may hold")
     dialog.CommandOK.click()
@@ -142,9 +141,7 @@ def test_characters_that_no_name_may_hold_are_dropped(main, target):
 
 
 def test_a_bad_name_that_is_pasted_brings_the_dialog_back(main, target, disk):
-    taken(target, "titre.mp3")
-    window = start(main, "Un - Deux")
-    dialog = conflict(main, "titre.mp3")
+    window, dialog = asked(main, target)
     dialog.TextNouveauNom.paste("..\\dehors.mp3")
     dialog.CommandOK.click()
     wait_for(lambda: (form := main.program.form_or_none("FrmExisteFich"))

@@ -6,7 +6,7 @@ import pytest
 from harness import medium, settings
 from harness.copies import cancel, files, markers
 from harness.program import Program
-from harness.runwindow import keeps_its_order, keeps_its_size
+from harness.runwindow import check_order, check_kept_size
 from harness.steps import begin_copy, open_copy
 from harness.waiting import wait_for
 
@@ -28,14 +28,14 @@ def in_order(window):
 
 def test_the_window_keeps_its_order_at_any_size(main):
     window = begin_copy(main)
-    assert keeps_its_order(window, in_order)
+    check_order(window, in_order)
     cancel(window)
 
 
 def test_the_size_is_kept_for_the_next_run(desktop, target):
     with Program(desktop) as program:
         settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
-        assert keeps_its_size(program, begin_copy, cancel, (4, 5, 6))
+        check_kept_size(program, begin_copy, cancel, (4, 5, 6))
 
 
 def test_the_list_has_the_look_of_the_main_list(desktop, target):

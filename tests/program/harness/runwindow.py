@@ -3,18 +3,17 @@ from . import settings
 from .waiting import wait_for
 
 
-def keeps_its_order(window, in_order):
-    """Whether `in_order(window)` holds in any size that the window may have."""
+def check_order(window, in_order):
+    """`in_order(window)` must hold in any size that the window may have."""
     assert in_order(window)
     for asked, size in (((1000, 700), (1000, 700)), ((300, 200), (480, 360))):
         window.resize(*asked)
         wait_for(lambda size=size: window.size == size, f"the size {size}")
         wait_for(lambda: in_order(window), "the controls to follow")
-    return True
 
 
-def keeps_its_size(program, run, close, numbers):
-    """Whether the next run has the size of the one before, across two starts of the program. `run`
+def check_kept_size(program, run, close, numbers):
+    """The next run must have the size of the one before, across two starts of the program. `run`
     gives the window for a main window; `numbers` are its layout values: height, width, state."""
     def kept():
         values = settings.read(program.settings)
@@ -32,4 +31,3 @@ def keeps_its_size(program, run, close, numbers):
     close(window)
     program.quit()
     assert kept() == [650 * 15, 900 * 15, 2]
-    return True
