@@ -23,7 +23,7 @@ std::optional<std::string> loadManual(platform::FileSystem& files, platform::Mes
     try {
         std::string bytes = platform::readWholeFile(files, path);
         if (bytes.starts_with(kRtfMark)) return bytes;
-        tell(messages, u"Ce fichier n’est pas un document RTF\u00A0:", path);
+        tell(messages, u"Ce fichier n'est pas un document RTF\u00A0:", path);
     } catch (const base::Error& error) {
         tell(messages, error.text(), path);
     }

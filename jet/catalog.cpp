@@ -28,8 +28,9 @@ Catalog::Catalog(StoreContext& context)
 const Column& Catalog::column(std::u16string_view name) const {
     const Column* column = objects_.definition().find(name);
     if (column == nullptr)
-        throw base::Error(base::ErrorNumber::DatabaseCorrupt,
-                          u"La base de données est endommagée : sa liste de tables est illisible.");
+        throw base::Error(
+            base::ErrorNumber::DatabaseCorrupt,
+            u"La base de données est endommagée\u00A0: sa liste de tables est illisible.");
     return *column;
 }
 

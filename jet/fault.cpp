@@ -9,12 +9,12 @@ std::u16string numberText(uint64_t number) {
 
 void throwDamaged(std::u16string_view what) {
     throw base::Error(base::ErrorNumber::DatabaseCorrupt,
-                      u"La base de données est endommagée : " + std::u16string(what) + u".");
+                      u"La base de données est endommagée\u00A0: " + std::u16string(what) + u".");
 }
 
 void throwDamaged(std::u16string_view what, uint32_t page) {
     throw base::Error(base::ErrorNumber::DatabaseCorrupt,
-                      u"La base de données est endommagée : " + std::u16string(what) + u".",
+                      u"La base de données est endommagée\u00A0: " + std::u16string(what) + u".",
                       u"page " + numberText(page));
 }
 

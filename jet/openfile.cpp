@@ -83,20 +83,22 @@ const Format& checkedFormat(File& file) {
                     u"Cette base de données est d'une version trop récente d'Access.");
     const Format& format = version == kVersionJet4 ? jet4 : jet3;
     if (size % format.pageSize != 0 || size < 3 * uint64_t{format.pageSize})
-        throw Error(ErrorNumber::DatabaseCorrupt,
-                    u"La base de données est endommagée : elle ne contient pas un nombre entier de "
-                    u"pages.");
+        throw Error(
+            ErrorNumber::DatabaseCorrupt,
+            u"La base de données est endommagée\u00A0: elle ne contient pas un nombre entier de "
+            u"pages.");
     if (size > format.maxFileSize)
         throw Error(ErrorNumber::NotSupported,
                     u"Cette base de données dépasse la taille maximale de son format.");
     unmaskHeader(header, format.header.maskedLength);
     if (get32(header.data() + kDatabaseKeyAt) != 0)
         throw Error(ErrorNumber::NotSupported,
-                    u"Cette base de données est chiffrée : elle ne peut pas être ouverte.");
+                    u"Cette base de données est chiffrée\u00A0: elle ne peut pas être ouverte.");
     if (hasPassword(header, format))
-        throw Error(ErrorNumber::PasswordProtected,
-                    u"Cette base de données est protégée par un mot de passe : elle ne peut pas "
-                    u"être ouverte.");
+        throw Error(
+            ErrorNumber::PasswordProtected,
+            u"Cette base de données est protégée par un mot de passe\u00A0: elle ne peut pas "
+            u"être ouverte.");
     return format;
 }
 

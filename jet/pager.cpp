@@ -70,7 +70,7 @@ void Pager::unmap() {
 void Pager::begin() {
     if (readOnly_)
         throw base::Error(base::ErrorNumber::NotWritable,
-                          u"La base de données est en lecture seule : elle ne peut pas être "
+                          u"La base de données est en lecture seule\u00A0: elle ne peut pas être "
                           u"modifiée.",
                           path_);
     if (broken_) throwBroken();

@@ -75,14 +75,16 @@ Table& Store::table(std::u16string_view name) {
     if (known != parts_->tables.end()) return *known->second;
     const std::optional<CatalogEntry> entry = parts_->catalog.find(wanted);
     if (!entry)
-        throw Error(ErrorNumber::TableNotFound,
-                    u"La base de données n'a pas de table « " + std::u16string(name) + u" ».",
-                    parts_->context.pager.path());
+        throw Error(
+            ErrorNumber::TableNotFound,
+            u"La base de données n'a pas de table «\u00A0" + std::u16string(name) + u"\u00A0».",
+            parts_->context.pager.path());
     if (entry->linked)
-        throw Error(ErrorNumber::NotSupported,
-                    u"La table « " + std::u16string(name) +
-                        u" » est liée à un autre fichier : elle ne peut pas être ouverte.",
-                    parts_->context.pager.path());
+        throw Error(
+            ErrorNumber::NotSupported,
+            u"La table «\u00A0" + std::u16string(name) +
+                u"\u00A0» est liée à un autre fichier\u00A0: elle ne peut pas être ouverte.",
+            parts_->context.pager.path());
     auto opened = std::make_unique<Table>(
         parts_->context, readTableDefinition(parts_->context.pager, entry->page, entry->name));
     return *parts_->tables.emplace(wanted, std::move(opened)).first->second;
@@ -99,7 +101,7 @@ void Store::commit() {
     try {
         if (context.failed)
             throw Error(ErrorNumber::InvalidOperation,
-                        u"Une écriture a échoué : la transaction a été annulée.");
+                        u"Une écriture a échoué\u00A0: la transaction a été annulée.");
         for (const auto& [name, table] : parts_->tables)
             table->settleCounts();
         context.pager.beginLateStage();

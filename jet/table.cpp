@@ -18,8 +18,9 @@ using base::Error;
 using base::ErrorNumber;
 
 [[noreturn]] void throwUnreadable(const TableDefinition& definition, const Column& column) {
-    throw Error(ErrorNumber::NotSupported, u"Le champ « " + column.name + u" » de la table « " +
-                                               definition.name + u" » est d'un type inconnu.");
+    throw Error(ErrorNumber::NotSupported, u"Le champ «\u00A0" + column.name +
+                                               u"\u00A0» de la table «\u00A0" + definition.name +
+                                               u"\u00A0» est d'un type inconnu.");
 }
 
 }  // namespace
@@ -110,7 +111,7 @@ TableWriter& Table::writer() {
         throw Error(ErrorNumber::InvalidOperation, u"Aucune transaction n'est en cours.");
     if (context_.failed)
         throw Error(ErrorNumber::InvalidOperation,
-                    u"Une écriture a échoué : la transaction doit être annulée.");
+                    u"Une écriture a échoué\u00A0: la transaction doit être annulée.");
     if (!writer_) writer_ = std::make_unique<TableWriter>(context_, definition_);
     return *writer_;
 }

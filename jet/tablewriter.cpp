@@ -17,25 +17,27 @@ using base::Error;
 using base::ErrorNumber;
 
 void requireWritable(const TableDefinition& definition) {
-    const std::u16string table = u"La table « " + definition.name + u" »";
+    const std::u16string table = u"La table «\u00A0" + definition.name + u"\u00A0»";
     if (definition.indexCount != 0)
         throw Error(ErrorNumber::NotSupported,
                     table +
-                        u" a un index ou une clé, que ce programme ne tient pas à jour : elle "
+                        u" a un index ou une clé, que ce programme ne tient pas à jour\u00A0: elle "
                         u"ne peut pas être modifiée. Ouvrez la base de données dans Access, "
                         u"supprimez les index et la clé de la table, puis réessayez.");
     if (definition.ownedMap.value == 0 || definition.freeMap.value == 0)
         throw Error(ErrorNumber::NotSupported, table + u" ne peut pas être modifiée.");
     for (const Column& column : definition.columns) {
-        const std::u16string field = u" ne peut pas être modifiée : le champ « " + column.name;
+        const std::u16string field =
+            u" ne peut pas être modifiée\u00A0: le champ «\u00A0" + column.name;
         if (!isKnown(column.type))
-            throw Error(ErrorNumber::NotSupported, table + field + u" » est d'un type inconnu.");
+            throw Error(ErrorNumber::NotSupported,
+                        table + field + u"\u00A0» est d'un type inconnu.");
         if (column.isLong() && (column.ownedMap.value == 0 || column.freeMap.value == 0))
             throw Error(ErrorNumber::NotSupported,
-                        table + field + u" » n'a pas de place pour ses valeurs.");
+                        table + field + u"\u00A0» n'a pas de place pour ses valeurs.");
         if (column.autoNumber && column.type != ColumnType::Long)
             throw Error(ErrorNumber::NotSupported,
-                        table + field + u" » est numéroté d'une manière inconnue.");
+                        table + field + u"\u00A0» est numéroté d'une manière inconnue.");
     }
 }
 
@@ -99,8 +101,9 @@ void TableWriter::encode(std::span<const Value> values) {
             const auto* flag = std::get_if<bool>(&values[i]);
             const auto* number = std::get_if<int64_t>(&values[i]);
             if (flag == nullptr && number == nullptr && !isNull)
-                throw Error(ErrorNumber::TypeMismatch,
-                            u"La valeur n'est pas du type du champ « " + column.name + u" ».");
+                throw Error(
+                    ErrorNumber::TypeMismatch,
+                    u"La valeur n'est pas du type du champ «\u00A0" + column.name + u"\u00A0».");
             cells_.isSet[i] = flag != nullptr ? *flag : number != nullptr && *number != 0;
         } else if (isNull && column.autoNumber) {
             cells_.bytes[i].resize(4);
@@ -119,7 +122,8 @@ void TableWriter::encode(std::span<const Value> values) {
         inRow_.assign(inRow_.size(), false);
     if (rowLength(format, definition_, variableBytes()) > format.row.maxLength)
         throw Error(ErrorNumber::ValueTooLong,
-                    u"L'enregistrement est trop long pour la table « " + definition_.name + u" ».");
+                    u"L'enregistrement est trop long pour la table «\u00A0" + definition_.name +
+                        u"\u00A0».");
     lastAutoNumber_ = nextNumber;
 }
 

@@ -31,13 +31,13 @@ std::u16string columnPlace(const Column& column) {
 
 [[noreturn]] void throwMismatch(const Column& column) {
     throw Error(ErrorNumber::TypeMismatch,
-                u"La valeur n'est pas du type du champ « " + column.name + u" ».",
+                u"La valeur n'est pas du type du champ «\u00A0" + column.name + u"\u00A0».",
                 columnPlace(column));
 }
 
 [[noreturn]] void throwOverflow(const Column& column) {
     throw Error(ErrorNumber::Overflow,
-                u"La valeur est trop grande pour le champ « " + column.name + u" ».",
+                u"La valeur est trop grande pour le champ «\u00A0" + column.name + u"\u00A0».",
                 columnPlace(column));
 }
 
@@ -136,19 +136,20 @@ std::u16string textOf(const Column& column, const Value& value) {
 void putText(const Column& column, const std::u16string& text, bool wide, Bytes& out) {
     if (column.type == ColumnType::Text && text.size() > column.characterLimit(wide))
         throw Error(ErrorNumber::ValueTooLong,
-                    u"Le texte est trop long pour le champ « " + column.name + u" » : " +
-                        numberText(text.size()) +
+                    u"Le texte est trop long pour le champ «\u00A0" + column.name +
+                        u"\u00A0»\u00A0: " + numberText(text.size()) +
                         u" caractères, alors que le champ n'en admet que " +
                         numberText(column.characterLimit(wide)) + u".",
                     columnPlace(column));
     if (!wide) {
         const std::optional<std::string> bytes = base::CodePage::windows1252().encode(text);
         if (!bytes)
-            throw Error(ErrorNumber::NotSupported,
-                        u"Le texte du champ « " + column.name +
-                            u" » contient un caractère que cette base de données (Access 97) ne "
-                            u"peut pas contenir.",
-                        columnPlace(column));
+            throw Error(
+                ErrorNumber::NotSupported,
+                u"Le texte du champ «\u00A0" + column.name +
+                    u"\u00A0» contient un caractère que cette base de données (Access 97) ne "
+                    u"peut pas contenir.",
+                columnPlace(column));
         out.assign(bytes->begin(), bytes->end());
         return;
     }
@@ -167,9 +168,10 @@ void putBytes(const Column& column, const Value& value, Bytes& out) {
     if (column.type == ColumnType::Guid && bytes->size() != column.length) throwMismatch(column);
     if (column.type == ColumnType::Binary && bytes->size() > column.length)
         throw Error(ErrorNumber::ValueTooLong,
-                    u"La valeur est trop longue pour le champ « " + column.name + u" » : " +
-                        numberText(bytes->size()) + u" octets, alors que le champ n'en admet que " +
-                        numberText(column.length) + u".",
+                    u"La valeur est trop longue pour le champ «\u00A0" + column.name +
+                        u"\u00A0»\u00A0: " + numberText(bytes->size()) +
+                        u" octets, alors que le champ n'en admet que " + numberText(column.length) +
+                        u".",
                     columnPlace(column));
     out = *bytes;
 }

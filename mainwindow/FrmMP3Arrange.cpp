@@ -69,7 +69,7 @@ constexpr std::array<std::pair<Control, std::u16string_view>, 4> kSigns = {{
 // What a click does where the text does not say so.
 constexpr std::u16string_view kDriveHint = u"Choisir le lecteur de CD ROM";
 constexpr std::array<std::pair<Control, std::u16string_view>, 4> kHints = {{
-    {Control::CheckAutoRefresh, u"Actualiser la liste des morceaux dès qu’un filtre change"},
+    {Control::CheckAutoRefresh, u"Actualiser la liste des morceaux dès qu'un filtre change"},
     {Control::LabelLecteur, u"Choisir le lecteur audio"},
     {Control::Label2, kDriveHint},
     {Control::Image1, kDriveHint},

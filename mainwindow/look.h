@@ -36,7 +36,7 @@ ColourDialog backColourDialog(const catalogue::ListLook& look);
 // What the help button of the colour dialogs says.
 inline constexpr std::u16string_view kColourHelp =
     u"La couleur choisie vaut pour toutes les listes du programme\u00A0: la liste des CD, la liste "
-    u"des morceaux, les résultats d’une recherche et la sélection d’une copie.";
+    u"des morceaux, les résultats d'une recherche et la sélection d'une copie.";
 inline constexpr std::u16string_view kColourHelpTitle = u"Couleur des listes";
 
 // The lists take this font from now on; the colours stay.

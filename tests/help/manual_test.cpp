@@ -41,7 +41,7 @@ TEST_F(Manual, ThatIsNoRtfIsTold) {
     ASSERT_EQ(messages.shown().size(), 5U);
     EXPECT_EQ(messages.shown()[0].text,
               u"Le manuel ne peut pas être affiché.\r\n\r\n"
-              u"Ce fichier n’est pas un document RTF\u00A0:\r\n"
+              u"Ce fichier n'est pas un document RTF\u00A0:\r\n"
               u"C:\\Brivantole\\Brivantole.rtf");
 }
 

@@ -222,7 +222,7 @@ TEST_P(OtherColumnsTest, AnIndexIsRefusedBeforeAByteChangesAndTheMessageSaysWhat
             ADD_FAILURE();
         } catch (const base::Error& error) {
             EXPECT_EQ(error.number(), ErrorNumber::NotSupported);
-            EXPECT_NE(error.text().find(u"« ListDonnees »"), std::u16string::npos);
+            EXPECT_NE(error.text().find(u"«\u00A0ListDonnees\u00A0»"), std::u16string::npos);
             EXPECT_NE(error.text().find(u"supprimez"), std::u16string::npos);
         }
     }

@@ -96,11 +96,11 @@ struct Damage {
 const Damage kDamages[] = {
     {"WrongMagic", [](SpoiledFile& file) { file.page(0)[5] = 'X'; }, "n'est pas une base"},
     {"CatalogueUnreadable", [](SpoiledFile& file) { file.page(page::kCatalogDefinition)[0] = 7; },
-     "page 2: La base de données est endommagée : la définition d'une table est illisible"},
+     "page 2: La base de données est endommagée\u00A0: la définition d'une table est illisible"},
     {"DefinitionOnTheHeaderPage", [](SpoiledFile& file) { put32(file.catalogueEntry(), 0); },
-     "table ListDonnees, page 0: La base de données est endommagée : la définition"},
+     "table ListDonnees, page 0: La base de données est endommagée\u00A0: la définition"},
     {"DefinitionUnreadable", [](SpoiledFile& file) { file.page(file.definition().page)[0] = 7; },
-     "table ListDonnees, page 24: La base de données est endommagée : la définition"},
+     "table ListDonnees, page 24: La base de données est endommagée\u00A0: la définition"},
     {"DefinitionBitesItsTail",
      [](SpoiledFile& file) {
          put32(file.page(file.definition().page) + 4, file.definition().page);

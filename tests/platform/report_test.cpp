@@ -15,13 +15,13 @@ TEST(ReportText, TellsNumberTextAndPlace) {
     const base::Error error(base::ErrorNumber::FileNotFound, u"Fichier introuvable.",
                             u"C:\\Brivantole.ini, ligne 12");
     EXPECT_EQ(reportText(error),
-              u"Erreur d’exécution 53\u00A0:\r\n\r\nFichier introuvable.\r\n\r\n"
+              u"Erreur d'exécution 53\u00A0:\r\n\r\nFichier introuvable.\r\n\r\n"
               u"C:\\Brivantole.ini, ligne 12");
 }
 
 TEST(ReportText, EndsWithTheTextWhenThePlaceIsUnknown) {
     const base::Error error(base::ErrorNumber::DiskFull, u"Disque plein.");
-    EXPECT_EQ(reportText(error), u"Erreur d’exécution 61\u00A0:\r\n\r\nDisque plein.");
+    EXPECT_EQ(reportText(error), u"Erreur d'exécution 61\u00A0:\r\n\r\nDisque plein.");
 }
 
 TEST(ReportText, KnowsLackOfMemory) {

@@ -32,7 +32,7 @@ std::optional<std::u16string> choose(HWND owner, const FileDialog& dialog, DWORD
     if (show(&request)) return fromWide(path.c_str());
     if (CommDlgExtendedError() != 0) {
         throw base::Error(base::ErrorNumber::PathFileAccess,
-                          u"La fenêtre de choix d’un fichier n’a pas pu s’ouvrir.");
+                          u"La fenêtre de choix d'un fichier n'a pas pu s'ouvrir.");
     }
     return std::nullopt;
 }
