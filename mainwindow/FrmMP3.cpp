@@ -201,8 +201,7 @@ void FrmMP3::Form_Resize() {
     if (!arrange_ || IsIconic(window())) return;
     if (ui::isSmaller(window(), leastSize(window()))) {
         // Later: a window manager that is just telling of a new size would not hear of another.
-        // Nothing is laid out meanwhile: in too small a window the lists would lose their
-        // proportion for good.
+        // Nothing is laid out meanwhile: there is no room for it.
         PostMessageW(window(), kEnforceLeastSize, 0, 0);
         return;
     }

@@ -96,7 +96,7 @@ class FrmMP3 : public platform::win32::Dialog {
     std::optional<LRESULT> onStaticColours(HDC dc, HWND control) const;
 
     // Lets the user change `colour`, one of the lists' two.
-    void chooseListColour(const ColourDialog& dialog, int32_t& colour);
+    void chooseListColour(const ColourDialog& dialog, int32_t catalogue::ListLook::*colour);
     void showColourHelp();
 
     void applySettings();
@@ -128,6 +128,7 @@ class FrmMP3 : public platform::win32::Dialog {
     std::optional<platform::win32::EditFilter> searchFilter_;
     FrmInfoTitre infoTitre_;
     std::optional<FrmListLook> look_;
+    catalogue::ListLook newCdLook_ = designedLook();
     help::FrmAide aide_;
     platform::win32::CustomColours customColours_;
     bool unloaded_ = false;

@@ -135,8 +135,7 @@ int FrmMP3Arrange::px(int designPixels) const {
 
 void FrmMP3Arrange::setListWidths(int list1Width, int dbList2Width) {
     const auto take = [this](int cds, int tracks) {
-        layout_[Control::List1].width = cds;
-        layout_[Control::DBList2].width = tracks;
+        proportion_ = {cds, tracks};
         apply();
     };
     if (list1Width > 0 && dbList2Width > 0) take(list1Width, dbList2Width);
@@ -221,8 +220,8 @@ LayoutInput FrmMP3Arrange::measure(bool compact, HFONT bandFont) const {
     input.clientWidth = client.width;
     input.clientHeight = client.height;
     input.compact = compact;
-    input.list1Width = list1Width();
-    input.dbList2Width = dbList2Width();
+    input.list1Width = proportion_.list1Width;
+    input.dbList2Width = proportion_.dbList2Width;
     for (size_t i = 0; i < input.natural.size(); ++i)
         input.natural[i] = naturalSize(static_cast<Control>(i), bandFont);
     input.naturalFormatBox = {0, px(kCheckBoxHeight)};
@@ -280,6 +279,7 @@ void FrmMP3Arrange::placeAll() const {
 
 void FrmMP3Arrange::moveSplit(int distance) {
     mainwindow::moveSplit(layout_, distance);
+    proportion_ = {list1Width(), dbList2Width()};
     constexpr std::array moved = {Control::Label4, Control::Label5, Control::List1,
                                   Control::LabelReglage, Control::DBList2};
     HDWP moves = BeginDeferWindowPos(static_cast<int>(moved.size()));

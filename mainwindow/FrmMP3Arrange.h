@@ -55,6 +55,13 @@ class FrmMP3Arrange {
     std::array<platform::win32::ImageList, 5> pictures_;
     platform::win32::Icon drivePicture_;
     Layout layout_;
+    // The lists' widths as they were set. A window that is dragged to another size passes through
+    // many, and each rounds the lists to whole pixels: taken from the last layout, their proportion
+    // would crumble away.
+    struct {
+        int list1Width = 0;
+        int dbList2Width = 0;
+    } proportion_;
 };
 
 }  // namespace mainwindow

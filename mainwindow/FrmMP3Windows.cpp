@@ -36,12 +36,12 @@ scan::FrmNouveauCD::Program FrmMP3::scanProgram() const {
 }
 
 void FrmMP3::menuRechercheCD_Click() {
-    newcd::searchKnownTitles(scanProgram(), window());
+    newcd::searchKnownTitles(scanProgram(), newCdLook_, window());
     showCdRomDrive();
 }
 
 void FrmMP3::menuCopieCD_Click() {
-    newcd::copyMusicFiles(scanProgram(), window());
+    newcd::copyMusicFiles(scanProgram(), newCdLook_, window());
     showCdRomDrive();
 }
 

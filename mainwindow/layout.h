@@ -65,7 +65,8 @@ struct LayoutInput {
     int clientWidth = 0;
     int clientHeight = 0;
     bool compact = false;
-    // The lists' widths before this resize: their proportion is kept.
+    // The lists' widths when they were set last, by the user or from the settings: a resize keeps
+    // their proportion.
     int list1Width = 0;
     int dbList2Width = 0;
     // What each control needs for its text in the current font. Of the action buttons only the

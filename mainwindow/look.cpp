@@ -4,6 +4,13 @@
 
 namespace mainwindow {
 
+catalogue::ListLook designedLook() {
+    constexpr int32_t systemColour = INT32_MIN;
+    constexpr int32_t window = 5;
+    constexpr int32_t windowText = 8;
+    return {u"Segoe UI", false, false, 9, systemColour + windowText, systemColour + window};
+}
+
 FontDialog fontDialog(const catalogue::ListLook& look) {
     FontDialog dialog;
     dialog.font = {look.FontBold, look.FontItalic, look.FontName, readableFontSize(look.FontSize)};

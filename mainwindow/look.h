@@ -1,4 +1,5 @@
-// Font and colours of the program's lists: one choice for all of them, kept in the settings.
+// Font and colours of the program's lists: one choice for all of them. The settings keep it for the
+// main window's lists; those of the windows for a new CD begin each run as designed.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +8,9 @@
 #include "catalogue/settings.h"
 
 namespace mainwindow {
+
+// The look of the new-CD windows' lists before the first choice of a run: that of their windows.
+catalogue::ListLook designedLook();
 
 struct FontChoice {
     bool bold = false;

@@ -27,8 +27,13 @@ constexpr int kProgressLines = 5;
 }  // namespace
 
 FrmInfoCopy::FrmInfoCopy(const RunTools& tools, RunState& run, catalogue::Settings& settings,
-                         platform::Programs& programs)
-    : Dialog(L"FrmInfoCopy"), tools_(tools), run_(run), settings_(settings), programs_(programs) {}
+                         const catalogue::ListLook& look, platform::Programs& programs)
+    : Dialog(L"FrmInfoCopy"),
+      tools_(tools),
+      run_(run),
+      settings_(settings),
+      chosenLook_(look),
+      programs_(programs) {}
 
 void FrmInfoCopy::run(HWND owner) {
     create(owner);
@@ -47,7 +52,7 @@ void FrmInfoCopy::onLoad() {
         return std::u16string(listedTrack(run_, List::Copy, row).title);
     });
     ListInfocopy_->showChecks([this](size_t row) { return run_.checked[row]; });
-    look_.emplace(window(), settings_.Look, std::array{list});
+    look_.emplace(window(), chosenLook_, std::array{list});
     ui::setAccessibleName(list, ui::textOf(item(FrmInfoCopy_LabelTitrelist)));
     ui::setAccessibleName(item(FrmInfoCopy_Progression), u"Progression");
     controls_.emplace(

@@ -20,7 +20,7 @@ class FrmInfoCopy : public platform::win32::Dialog, private CopyWindow {
   public:
     // All of them must outlive the window, which keeps its size in `settings`.
     FrmInfoCopy(const RunTools& tools, RunState& run, catalogue::Settings& settings,
-                platform::Programs& programs);
+                const catalogue::ListLook& look, platform::Programs& programs);
 
     // Copies from the medium in settings.CdRomDrive what the user chooses, and returns when he has
     // closed the window.
@@ -63,6 +63,7 @@ class FrmInfoCopy : public platform::win32::Dialog, private CopyWindow {
     const RunTools& tools_;
     RunState& run_;
     catalogue::Settings& settings_;
+    const catalogue::ListLook& chosenLook_;
     platform::Programs& programs_;
     bool selecting_ = false;
     bool listAwaitsFocus_ = false;

@@ -23,8 +23,13 @@ constexpr int kProgressLines = 5;
 }  // namespace
 
 FrmInfoRech::FrmInfoRech(const RunTools& tools, RunState& run, catalogue::Settings& settings,
-                         platform::Programs& programs)
-    : Dialog(L"FrmInfoRech"), tools_(tools), run_(run), settings_(settings), programs_(programs) {}
+                         const catalogue::ListLook& look, platform::Programs& programs)
+    : Dialog(L"FrmInfoRech"),
+      tools_(tools),
+      run_(run),
+      settings_(settings),
+      chosenLook_(look),
+      programs_(programs) {}
 
 void FrmInfoRech::run(HWND owner) {
     create(owner);
@@ -47,7 +52,7 @@ void FrmInfoRech::onLoad() {
     ui::setAccessibleName(item(FrmInfoRech_List1), ui::textOf(item(FrmInfoRech_Label1_0)));
     ui::setAccessibleName(item(FrmInfoRech_List2), ui::textOf(item(FrmInfoRech_Label1_1)));
     ui::setAccessibleName(item(FrmInfoRech_Progression), u"Progression");
-    look_.emplace(window(), settings_.Look,
+    look_.emplace(window(), chosenLook_,
                   std::array{item(FrmInfoRech_List1), item(FrmInfoRech_List2)});
     controls_.emplace(
         FrmRunControls::Controls{*this, item(FrmInfoRech_Label2), item(FrmInfoRech_Progression),

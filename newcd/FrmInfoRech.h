@@ -21,7 +21,7 @@ class FrmInfoRech : public platform::win32::Dialog, private SearchWindow {
   public:
     // All of them must outlive the window, which keeps its size in `settings`.
     FrmInfoRech(const RunTools& tools, RunState& run, catalogue::Settings& settings,
-                platform::Programs& programs);
+                const catalogue::ListLook& look, platform::Programs& programs);
 
     // Searches the medium in settings.CdRomDrive and returns when the user has closed the window.
     void run(HWND owner);
@@ -58,6 +58,7 @@ class FrmInfoRech : public platform::win32::Dialog, private SearchWindow {
     const RunTools& tools_;
     RunState& run_;
     catalogue::Settings& settings_;
+    const catalogue::ListLook& chosenLook_;
     platform::Programs& programs_;
     std::optional<FrmRunControls> controls_;
     std::optional<FrmRunSize> size_;

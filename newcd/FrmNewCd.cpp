@@ -32,7 +32,7 @@ void restoreCdRomDrive(const Program& program, std::u16string_view before) {
 
 }  // namespace
 
-void searchKnownTitles(const Program& program, HWND owner) {
+void searchKnownTitles(const Program& program, const catalogue::ListLook& look, HWND owner) {
     program.scanState.ScanAnswer = 1;
     const std::u16string before = program.settings.CdRomDrive;
     if (!FrmRechCD(program.settings, program.system.drives, program.scanState)
@@ -41,17 +41,17 @@ void searchKnownTitles(const Program& program, HWND owner) {
     }
     const RunTools tools = toolsOf(program);
     RunState run(program.scanState);
-    FrmInfoRech(tools, run, program.settings, program.system.programs).run(owner);
+    FrmInfoRech(tools, run, program.settings, look, program.system.programs).run(owner);
     restoreCdRomDrive(program, before);
 }
 
-void copyMusicFiles(const Program& program, HWND owner) {
+void copyMusicFiles(const Program& program, const catalogue::ListLook& look, HWND owner) {
     program.scanState.ScanAnswer = 1;
     const std::u16string before = program.settings.CdRomDrive;
     RunState run(program.scanState);
     if (!FrmCDcopy(program.system, program.settings, run).ask(owner)) return;
     const RunTools tools = toolsOf(program);
-    FrmInfoCopy(tools, run, program.settings, program.system.programs).run(owner);
+    FrmInfoCopy(tools, run, program.settings, look, program.system.programs).run(owner);
     restoreCdRomDrive(program, before);
 }
 

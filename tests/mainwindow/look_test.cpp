@@ -30,6 +30,11 @@ TEST(Look, ChoosingAFontLeavesTheColours) {
     EXPECT_EQ(look, (ListLook{u"Arial", false, true, 12, 0x112233, 0x445566}));
 }
 
+TEST(Look, TheDesignedColoursAreTheSystems) {
+    EXPECT_EQ(mainwindow::designedLook(),
+              (ListLook{u"Segoe UI", false, false, 9, -2147483640, -2147483643}));
+}
+
 TEST(Look, AbsurdFontSizesAreShownReadable) {
     EXPECT_EQ(mainwindow::readableFontSize(-32768), 9);
     EXPECT_EQ(mainwindow::readableFontSize(0), 9);

@@ -124,19 +124,30 @@ def test_every_control_lies_inside_and_none_on_another(program, size):
     follows_the_rules(main)
 
 
-# Every size on the way of a drag rounds the left list's width down to whole pixels.
-DRIFT = 0.15
-
-
 def test_a_resize_keeps_the_proportion_of_the_lists(program):
     main = program.open()
     main.resize(800, 640)
     becomes(main, 800, 640)
-    before = main.List1.width / main.DBList2.width
+    cds, tracks = main.List1.width, main.DBList2.width
     main.resize(1000, 700)
     becomes(main, 1000, 700)
-    wait_for(lambda: main.List1.height == main.DBList2.height, "the new layout")
-    assert main.List1.width / main.DBList2.width == pytest.approx(before, rel=DRIFT)
+    width = cds * (cds + tracks + 200) // (cds + tracks)
+    wait_for(lambda: main.List1.width == width, "a wider list of CDs")
+    assert main.DBList2.width == cds + tracks + 200 - width
+
+
+def test_a_drag_through_many_sizes_and_back_leaves_the_lists_as_they_were(program):
+    main = program.open()
+    main.resize(800, 640)
+    becomes(main, 800, 640)
+    left = main.List1.width
+    drag_splitter(main, 33)
+    wait_for(lambda: main.List1.width == left + 33, "a wider list of CDs")
+    before = main.List1.width, main.DBList2.width
+    for width in (1000, 700, 900, 800):
+        main.resize(width, 640)
+        becomes(main, width, 640)
+    wait_for(lambda: (main.List1.width, main.DBList2.width) == before, "the lists as before")
 
 
 def test_a_window_dragged_to_nothing_and_back_keeps_the_proportion_too(program):
@@ -146,7 +157,7 @@ def test_a_window_dragged_to_nothing_and_back_keeps_the_proportion_too(program):
     before = main.List1.width / main.DBList2.width
     main.resize(120, 120)
     becomes(main, 600, 460)
-    wait_for(lambda: main.List1.width / main.DBList2.width == pytest.approx(before, rel=DRIFT),
+    wait_for(lambda: main.List1.width / main.DBList2.width == pytest.approx(before, rel=0.02),
              "the lists in their proportion")
 
 

@@ -4,7 +4,8 @@ import pytest
 from harness import settings
 from harness.form import plain
 from harness.lookdialogs import (BACK_COLOUR, BLUE, FACE, FONT, GREEN, HELP, RED, SIZE, STYLE,
-                                 TEXT_COLOUR, choose_colour, choose_font, dialog_of, texts)
+                                 TEXT_COLOUR, choose_colour, choose_font, dialog_of, texts, type_colour,
+                                 type_font)
 from harness.steps import ALL, add_cd, choose_cd
 from harness.waiting import wait_for
 
@@ -43,12 +44,12 @@ def test_a_font_changes_both_lists_at_once_and_lasts(program):
     main = program.open()
     add_cd(main, "Mon CD")
     before = main.List1.item_height(), main.DBList2.item_height()
-    choose_font(main, "DejaVu Serif", 20)
+    choose_font(main, "DejaVu Serif", 20, last_style=True)
     wait_for(lambda: main.List1.item_height() > before[0] * 1.5, "larger rows of media")
     assert main.DBList2.item_height() > before[1] * 1.5
     after = main.List1.item_height(), main.DBList2.item_height()
     program.quit()
-    assert saved_look(program) == ("DejaVu Serif", 0, 0, 20, 0, 0xFFFFFF)
+    assert saved_look(program) == ("DejaVu Serif", 255, 255, 20, 0, 0xFFFFFF)
     again = program.open()
     choose_cd(again, "Mon CD")
     assert (again.List1.item_height(), again.DBList2.item_height()) == after
@@ -128,6 +129,28 @@ def test_the_lists_of_the_new_cd_tools_have_the_same_look(program):
     copying.wait_gone()
 
 
+def test_the_lists_of_the_new_cd_tools_begin_each_run_as_designed(program):
+    """And take of a choice what was chosen, no more."""
+    set_look(program, "Liberation Sans", 0, 0, 24, 0x206000, 0xC0F0FF)
+    main = program.open()
+    add_cd(main, "Mon CD")
+    height = main.DBList2.item_height()
+    results = open_search_results(main)
+    for name in ("List1", "List2"):
+        becomes_background(results, name, (255, 255, 255))
+        assert results.control(name).item_height() < height * 0.7
+        assert (0, 96, 32) not in shown_colours(results, name)
+    results.CommandOkannul.click()
+    results.wait_gone()
+    choose_colour(main, BACK_COLOUR, (192, 224, 255))
+    copying = open_copy_selection(main)
+    becomes_background(copying, "ListInfocopy", (192, 224, 255))
+    assert copying.ListInfocopy.item_height() < height * 0.7
+    assert (0, 96, 32) not in shown_colours(copying, "ListInfocopy")
+    copying.ComAnnuleCopie.click()
+    copying.wait_gone()
+
+
 def test_the_colour_dialogs_open_with_the_present_colours(program):
     set_look(program, "Tahoma", 0, 0, 8, 0x302010, 0xE0F0FF)
     main = program.open()
@@ -141,8 +164,13 @@ def test_the_colour_dialogs_open_with_the_present_colours(program):
 
 def test_cancelled_dialogs_change_nothing(program):
     main = program.open()
-    for command in (FONT, TEXT_COLOUR, BACK_COLOUR):
-        dialog_of(main, command).answer("Annuler")
+    dialog = dialog_of(main, FONT)
+    type_font(main, dialog, "DejaVu Serif", 20)
+    dialog.answer("Annuler")
+    for command in (TEXT_COLOUR, BACK_COLOUR):
+        dialog = dialog_of(main, command)
+        type_colour(main, dialog, (255, 240, 192))
+        dialog.answer("Annuler")
     assert len(program.windows()) == 1
     program.quit()
     assert saved_look(program) == ("Tahoma", 0, 0, 8, 0, 0xFFFFFF)
