@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <string_view>
 
 namespace base {
@@ -59,8 +60,22 @@ std::u16string signOf(double value, const Decimal& decimal) {
 }  // namespace
 
 std::u16string strNumber(int64_t value) {
-    const std::u16string digits = widen(std::to_string(value));
-    return value < 0 ? digits : u" " + digits;
+    std::u16string text;
+    if (value >= 0) text += u' ';
+    appendWholeNumber(text, value);
+    return text;
+}
+
+std::u16string wholeNumber(int64_t value) {
+    std::u16string text;
+    appendWholeNumber(text, value);
+    return text;
+}
+
+void appendWholeNumber(std::u16string& out, int64_t value) {
+    std::array<char, std::numeric_limits<int64_t>::digits10 + 2> digits;
+    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
+    out.append(digits.data(), end.ptr);
 }
 
 std::u16string plainNumber(double value) {

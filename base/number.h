@@ -10,6 +10,11 @@ namespace base {
 // no trailing blank ("42" gives " 42").
 std::u16string strNumber(int64_t value);
 
+// The digits alone, behind a minus sign for a negative number.
+std::u16string wholeNumber(int64_t value);
+// The same at the end of `out`.
+void appendWholeNumber(std::u16string& out, int64_t value);
+
 // The shortest decimal form, "." as decimal mark, no leading blank, no thousands separator; whole
 // numbers up to 2^53 without exponent or mark.
 std::u16string plainNumber(double value);

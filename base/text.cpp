@@ -141,19 +141,23 @@ std::u16string_view right(std::u16string_view text, size_t count) {
 }
 
 std::u16string quoted(std::u16string_view text) {
-    constexpr char16_t kQuote = u'"';
     std::u16string result;
     result.reserve(text.size() + 2);
-    result += kQuote;
+    appendQuoted(result, text);
+    return result;
+}
+
+void appendQuoted(std::u16string& out, std::u16string_view text) {
+    constexpr char16_t kQuote = u'"';
+    out += kQuote;
     size_t from = 0;
     for (size_t quote = text.find(kQuote); quote != text.npos; quote = text.find(kQuote, from)) {
-        result += text.substr(from, quote + 1 - from);
-        result += kQuote;
+        out += text.substr(from, quote + 1 - from);
+        out += kQuote;
         from = quote + 1;
     }
-    result += text.substr(from);
-    result += kQuote;
-    return result;
+    out += text.substr(from);
+    out += kQuote;
 }
 
 }  // namespace base

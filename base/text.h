@@ -26,5 +26,7 @@ std::u16string_view right(std::u16string_view text, size_t count);
 
 // `text` between double quotation marks, each inner one doubled: a text literal of the queries.
 std::u16string quoted(std::u16string_view text);
+// The same at the end of `out`.
+void appendQuoted(std::u16string& out, std::u16string_view text);
 
 }  // namespace base

@@ -321,9 +321,7 @@ std::vector<uint32_t> CachedColumn::rowsEqualTo(std::u16string_view text) {
     if (auto* values = std::get_if<DictionaryValues>(&values_)) return rowsOfCodes(*values, text);
     auto& values = std::get<TextValues>(values_);
     values.index.update(values.texts, *limits_);
-    folded_.clear();
-    folder_->fold(text, folded_);
-    return values.index.rowsEqualTo(text, folded_, values.texts);
+    return values.index.rowsEqualTo(text, *folder_, values.texts);
 }
 
 std::vector<uint32_t> CachedColumn::rowsOfCodes(DictionaryValues& values,

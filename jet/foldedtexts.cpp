@@ -72,10 +72,17 @@ void TextFolder::foldBytes(const RawText& text, const std::array<ByteForm, 256>&
 
 void TextFolder::fold(std::u16string_view text, std::vector<uint8_t>& out) const {
     const size_t start = out.size();
-    out.resize(start + 3 * text.size());
+    out.resize(start + 3 * text.size() + 1);
     uint8_t* at = out.data() + start;
-    for (const char16_t character : text)
-        at += encode(order_->fold(character), at);
+    for (const char16_t character : text) {
+        if (character >= latin1_.size()) {
+            at += encode(order_->fold(character), at);
+            continue;
+        }
+        const ByteForm& form = latin1_[character];
+        std::memcpy(at, form.bytes, sizeof form.bytes);
+        at += form.length;
+    }
     out.resize(static_cast<size_t>(at - out.data()));
 }
 

@@ -63,7 +63,7 @@ std::vector<RowId> Planner::rows(const Query& query) {
     if (!query.distinct) return ordered(query, rows);
 
     const CachedColumn* column =
-        query.columns.size() == 1 ? cache_.column(*query.columns.front()) : nullptr;
+        query.columns->size() == 1 ? cache_.column(*query.columns->front()) : nullptr;
     std::vector<RowId> found;
     if (column && column->dictionary()) {
         found = distinctByCode(*column, rows);
@@ -85,19 +85,22 @@ void Planner::loadColumns(const Query& query) {
     };
     if (query.where) {
         forEachTest(*query.where, [&](const ColumnTest& test) { want(test.column); });
-    } else if (query.distinct && query.columns.size() == 1) {
-        want(query.columns.front());
+    } else if (query.distinct && query.columns->size() == 1) {
+        want(query.columns->front());
     } else if (const Column* column = rankedColumn(query)) {
         want(column);
     }
     if (!missing.empty()) cache_.load(missing);
 }
 
-// The column of a test that can be looked up, else null.
+// The column of a test that is a look-up, else null.
 const CachedColumn* Planner::lookUpColumn(const Condition& condition) {
-    if (!isLookUp(condition)) return nullptr;
-    const CachedColumn* const column = cache_.column(*condition.test.column);
-    return column && cache_.hasRoomFor(column->bytesToFind()) ? column : nullptr;
+    return isLookUp(condition) ? cache_.column(*condition.test.column) : nullptr;
+}
+
+bool Planner::hasRoomToFind(const CachedColumn& column) const {
+    const size_t bytes = column.bytesToFind();
+    return bytes == 0 || cache_.hasRoomFor(bytes);
 }
 
 // The test that leads to the fewest rows.
@@ -106,7 +109,7 @@ const ColumnTest* Planner::bestLookUp(const Condition& condition) {
     // Texts that do not repeat lead to few rows.
     const auto titles = std::ranges::find_if(operands, [this](const Condition& operand) {
         const CachedColumn* const column = lookUpColumn(operand);
-        return column && column->texts();
+        return column && column->texts() && hasRoomToFind(*column);
     });
     if (titles != operands.end()) return &titles->test;
 
@@ -114,7 +117,7 @@ const ColumnTest* Planner::bestLookUp(const Condition& condition) {
     size_t fewest = cache_.ids().size() / kSelective + 1;
     for (const Condition& operand : operands) {
         const CachedColumn* const column = lookUpColumn(operand);
-        if (!column) continue;
+        if (!column || !hasRoomToFind(*column)) continue;
         const size_t count = column->countEqualTo(operand.test.text).value_or(fewest);
         if (count >= fewest) continue;
         fewest = count;
@@ -129,6 +132,7 @@ std::optional<Planner::RowNumbers> Planner::fewRows(const Condition& condition) 
     RowNumbers rows = cache_.column(*lookUp->column)->rowsEqualTo(lookUp->text);
     std::erase_if(rows, [&](uint32_t row) { return !cache_.live().contains(row); });
     for (const Condition& operand : conjuncts(condition)) {
+        if (rows.empty()) break;
         if (&operand.test == lookUp) continue;
         const auto decision = CodeDecision::of(operand, cache_, rows.size());
         std::erase_if(rows, [&](uint32_t row) {

@@ -28,6 +28,7 @@ class Planner {
     void loadColumns(const Query& query);
     std::optional<RowNumbers> fewRows(const Condition& condition);
     const CachedColumn* lookUpColumn(const Condition& condition);
+    bool hasRoomToFind(const CachedColumn& column) const;
     const ColumnTest* bestLookUp(const Condition& condition);
     bool matches(const Condition& condition, uint32_t row);
     bool passes(const ColumnTest& test, uint32_t row);

@@ -46,14 +46,6 @@ class RowOrder {
     ColumnReader reader_;
 };
 
-std::vector<const Column*> allColumns(const TableDefinition& definition) {
-    std::vector<const Column*> columns;
-    columns.reserve(definition.columns.size());
-    for (const Column& column : definition.columns)
-        columns.push_back(&column);
-    return columns;
-}
-
 SortColumn bindSort(const OrderTerm& term, const TableDefinition& definition, const Query& query) {
     const Column& column = bindColumn(term.column, definition);
     if (!column.isText() && !isComparedAsNumber(column)) {
@@ -61,7 +53,7 @@ SortColumn bindSort(const OrderTerm& term, const TableDefinition& definition, co
                     u"La colonne \u00AB\u00A0" + column.name +
                         u"\u00A0\u00BB ne peut pas \u00EAtre tri\u00E9e.");
     }
-    if (query.distinct && std::ranges::find(query.columns, &column) == query.columns.end()) {
+    if (query.distinct && std::ranges::find(*query.columns, &column) == query.columns->end()) {
         throw Error(ErrorNumber::NotSupported,
                     u"La clause ORDER BY (" + column.name + u") est en conflit avec DISTINCT.");
     }
@@ -70,13 +62,23 @@ SortColumn bindSort(const OrderTerm& term, const TableDefinition& definition, co
 
 }  // namespace
 
+Query::Columns allColumns(const TableDefinition& definition) {
+    Query::Columns columns;
+    columns.reserve(definition.columns.size());
+    for (const Column& column : definition.columns)
+        columns.push_back(&column);
+    return columns;
+}
+
 Query bindQuery(const SelectStatement& statement, const TableDefinition& definition,
                 const TextOrder& textOrder) {
     Query query;
     query.distinct = statement.distinct;
+    Query::Columns columns;
     for (const ColumnName& name : statement.columns)
-        query.columns.push_back(&bindColumn(name, definition));
-    if (statement.columns.empty()) query.columns = allColumns(definition);
+        columns.push_back(&bindColumn(name, definition));
+    if (statement.columns.empty()) columns = allColumns(definition);
+    query.columns = std::make_shared<const Query::Columns>(std::move(columns));
     if (statement.where) query.where = bindCondition(*statement.where, definition, textOrder);
     for (const OrderTerm& term : statement.order)
         query.order.push_back(bindSort(term, definition, query));
@@ -129,7 +131,7 @@ void keepDistinct(std::vector<RowId>& rows, const Query& query, const Table& tab
     std::erase_if(rows, [&](RowId id) {
         const RowView row = table.row(id);
         key.clear();
-        for (const Column* column : query.columns)
+        for (const Column* column : *query.columns)
             reader.appendKey(row, *column, key);
         return !seen.emplace(key.begin(), key.end()).second;
     });

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -19,8 +20,10 @@ struct SortColumn {
 };
 
 struct Query {
-    // In definition order for `*`; else as the query names them.
-    std::vector<const Column*> columns;
+    using Columns = std::vector<const Column*>;
+
+    // In definition order for `*`; else as the query names them. Its recordsets share them.
+    std::shared_ptr<const Columns> columns;
     bool distinct = false;
     std::optional<Condition> where;
     std::vector<SortColumn> order;
@@ -30,6 +33,8 @@ struct Query {
 // NotSupported for an order by a column of bytes, or by one that a DISTINCT leaves out.
 Query bindQuery(const SelectStatement& statement, const TableDefinition& definition,
                 const TextOrder& textOrder);
+// All columns of a table, in its order.
+Query::Columns allColumns(const TableDefinition& definition);
 
 // Tests rows, one after the other, straight from their pages.
 class RowTester {

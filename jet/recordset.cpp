@@ -17,10 +17,7 @@ constexpr RowId kDeletedRow{0};
 std::u16string textOf(const Value& value) {
     if (const auto* text = std::get_if<std::u16string>(&value)) return *text;
     if (const auto* number = std::get_if<double>(&value)) return base::plainNumber(*number);
-    if (const auto* whole = std::get_if<int64_t>(&value)) {
-        const std::string digits = std::to_string(*whole);
-        return {digits.begin(), digits.end()};
-    }
+    if (const auto* whole = std::get_if<int64_t>(&value)) return base::wholeNumber(*whole);
     if (const auto* boolean = std::get_if<bool>(&value)) return *boolean ? u"Vrai" : u"Faux";
     return {};
 }
@@ -52,10 +49,10 @@ void Field::setValue(jet::Value value) {
 }
 
 Recordset::Recordset(std::shared_ptr<Session> session, Table& table)
-    : session_(std::move(session)), table_(&table), updatable_(true) {
-    for (const Column& column : table.definition().columns)
-        columns_.push_back(&column);
-}
+    : session_(std::move(session)),
+      table_(&table),
+      columns_(std::make_shared<const Columns>(allColumns(table.definition()))),
+      updatable_(true) {}
 
 Recordset::Recordset(std::shared_ptr<Session> session, Table& table, const Query& query)
     : session_(std::move(session)),
@@ -151,7 +148,7 @@ void Recordset::setBookmark(RowId bookmark) {
 Field Recordset::Fields(std::u16string_view name) {
     requireOpen();
     const Column* column = table_->definition().find(name);
-    if (column && std::ranges::find(columns_, column) != columns_.end()) return {*this, *column};
+    if (column && std::ranges::find(*columns_, column) != columns_->end()) return {*this, *column};
     throw Error(ErrorNumber::ItemNotFound,
                 u"\u00C9l\u00E9ment \u00AB\u00A0" + std::u16string(name) +
                     u"\u00A0\u00BB non trouv\u00E9 dans cette collection.");

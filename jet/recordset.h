@@ -89,6 +89,8 @@ class Recordset {
     friend class Database;
     friend class Field;
 
+    using Columns = std::vector<const Column*>;
+
     // All rows of `table`, looked for when they are first asked for: who only adds never waits.
     Recordset(std::shared_ptr<Session> session, Table& table);
     // The answer to `query`, at once.
@@ -106,7 +108,7 @@ class Recordset {
 
     std::shared_ptr<Session> session_;  // null once closed
     Table* table_;
-    std::vector<const Column*> columns_;
+    std::shared_ptr<const Columns> columns_;
     bool updatable_;
     mutable std::optional<std::vector<RowId>> rows_;  // found when first asked for
     // A deleted row leaves a RowId 0 behind until the list is asked for a position: a walk that

@@ -42,111 +42,117 @@ void SqlLexer::skipBlanks() {
 }
 
 Token SqlLexer::next() {
+    Token token;
+    next(token);
+    return token;
+}
+
+void SqlLexer::next(Token& token) {
     skipBlanks();
-    if (at_ == sql_.size()) return {.kind = TokenKind::End, .position = at_, .text = {}};
+    token.kind = TokenKind::End;
+    token.position = at_;
+    token.text.clear();
+    token.number = 0;
+    if (at_ == sql_.size()) return;
     const char16_t c = sql_[at_];
     switch (c) {
         case u'(':
-            return single(TokenKind::OpenParenthesis);
+            return single(TokenKind::OpenParenthesis, token);
         case u')':
-            return single(TokenKind::CloseParenthesis);
+            return single(TokenKind::CloseParenthesis, token);
         case u',':
-            return single(TokenKind::Comma);
+            return single(TokenKind::Comma, token);
         case u'*':
-            return single(TokenKind::Star);
+            return single(TokenKind::Star, token);
         case u'-':
-            return single(TokenKind::Minus);
+            return single(TokenKind::Minus, token);
         case u'+':
-            return single(TokenKind::Plus);
+            return single(TokenKind::Plus, token);
         case u';':
-            return single(TokenKind::Semicolon);
+            return single(TokenKind::Semicolon, token);
         case u'=':
         case u'<':
         case u'>':
-            return comparison();
+            return comparison(token);
         case u'"':
         case u'\'':
-            return text();
+            return text(token);
         case u'[':
-            return bracketedName();
+            return bracketedName(token);
         default:
             break;
     }
-    if (isDigit(c) || c == u'.') return number();
-    if (isNameStart(c)) return name();
+    if (isDigit(c) || c == u'.') return number(token);
+    if (isNameStart(c)) return name(token);
     throw syntaxError(u"caract\u00E8re inattendu", at_);
 }
 
-Token SqlLexer::single(TokenKind kind) {
-    return {.kind = kind, .position = at_++, .text = {}};
+void SqlLexer::single(TokenKind kind, Token& token) {
+    token.kind = kind;
+    ++at_;
 }
 
-Token SqlLexer::comparison() {
-    const size_t start = at_;
+void SqlLexer::comparison(Token& token) {
     const char16_t first = sql_[at_++];
     const char16_t second = at_ < sql_.size() ? sql_[at_] : u'\0';
-    TokenKind kind = TokenKind::Equal;
-    if (first == u'<') kind = TokenKind::Less;
-    if (first == u'>') kind = TokenKind::Greater;
-    if (first == u'<' && second == u'>') kind = TokenKind::NotEqual;
-    if (first == u'<' && second == u'=') kind = TokenKind::LessOrEqual;
-    if (first == u'>' && second == u'=') kind = TokenKind::GreaterOrEqual;
-    const bool twoCharacters = kind == TokenKind::NotEqual || kind == TokenKind::LessOrEqual ||
-                               kind == TokenKind::GreaterOrEqual;
+    token.kind = TokenKind::Equal;
+    if (first == u'<') token.kind = TokenKind::Less;
+    if (first == u'>') token.kind = TokenKind::Greater;
+    if (first == u'<' && second == u'>') token.kind = TokenKind::NotEqual;
+    if (first == u'<' && second == u'=') token.kind = TokenKind::LessOrEqual;
+    if (first == u'>' && second == u'=') token.kind = TokenKind::GreaterOrEqual;
+    const bool twoCharacters = token.kind == TokenKind::NotEqual ||
+                               token.kind == TokenKind::LessOrEqual ||
+                               token.kind == TokenKind::GreaterOrEqual;
     if (twoCharacters) ++at_;
-    return {.kind = kind, .position = start, .text = {}};
 }
 
-Token SqlLexer::name() {
-    const size_t start = at_;
+void SqlLexer::name(Token& token) {
+    token.kind = TokenKind::Name;
     while (at_ < sql_.size() && isNamePart(sql_[at_]))
         ++at_;
-    return {.kind = TokenKind::Name,
-            .position = start,
-            .text = std::u16string(sql_.substr(start, at_ - start))};
+    token.text = sql_.substr(token.position, at_ - token.position);
 }
 
-Token SqlLexer::bracketedName() {
-    const size_t start = at_;
+void SqlLexer::bracketedName(Token& token) {
+    token.kind = TokenKind::BracketedName;
+    const size_t start = token.position + 1;
     const size_t close = sql_.find(u']', start);
-    if (close == sql_.npos) throw syntaxError(u"crochet non ferm\u00E9", start);
+    if (close == sql_.npos) throw syntaxError(u"crochet non ferm\u00E9", token.position);
+    token.text = sql_.substr(start, close - start);
     at_ = close + 1;
-    return {.kind = TokenKind::BracketedName,
-            .position = start,
-            .text = std::u16string(sql_.substr(start + 1, close - start - 1))};
 }
 
-Token SqlLexer::text() {
-    Token token{.kind = TokenKind::Text, .position = at_, .text = {}};
+void SqlLexer::text(Token& token) {
+    token.kind = TokenKind::Text;
     const char16_t quote = sql_[at_++];
     while (true) {
         const size_t close = sql_.find(quote, at_);
         if (close == sql_.npos) throw syntaxError(u"guillemet non ferm\u00E9", token.position);
         token.text.append(sql_.substr(at_, close - at_));
         at_ = close + 1;
-        if (at_ == sql_.size() || sql_[at_] != quote) return token;
+        if (at_ == sql_.size() || sql_[at_] != quote) return;
         token.text.push_back(quote);
         ++at_;
     }
 }
 
-Token SqlLexer::number() {
-    const size_t start = at_;
+void SqlLexer::number(Token& token) {
+    token.kind = TokenKind::Number;
     std::string digits;
     for (; at_ < sql_.size(); ++at_) {
         const char16_t c = sql_[at_];
-        const char16_t before = at_ > start ? sql_[at_ - 1] : u'\0';
+        const char16_t before = at_ > token.position ? sql_[at_ - 1] : u'\0';
         const bool sign = (c == u'+' || c == u'-') && (before == u'e' || before == u'E');
         if (!isNamePart(c) && c != u'.' && !sign) break;
         digits.push_back(c < 0x80 ? static_cast<char>(c) : '?');
     }
-    Token token{.kind = TokenKind::Number, .position = start, .text = {}};
     const char* end = digits.data() + digits.size();
     const auto [stop, error] = std::from_chars(digits.data(), end, token.number);
     if (error == std::errc::result_out_of_range)
         throw Error(ErrorNumber::Overflow, u"D\u00E9passement de capacit\u00E9.");
-    if (error != std::errc() || stop != end) throw syntaxError(u"nombre mal \u00E9crit", start);
-    return token;
+    if (error != std::errc() || stop != end)
+        throw syntaxError(u"nombre mal \u00E9crit", token.position);
 }
 
 }  // namespace jet

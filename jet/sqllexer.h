@@ -49,17 +49,20 @@ class SqlLexer {
     // The next token; End again and again at the end. Throws SyntaxError, and Overflow for a number
     // beyond all bounds.
     Token next();
+    // The same in the place of `token`, whose text lends its room to the new one.
+    void next(Token& token);
     // Where the last token ended.
     size_t position() const { return at_; }
 
   private:
     void skipBlanks();
-    Token single(TokenKind kind);
-    Token name();
-    Token bracketedName();
-    Token text();
-    Token number();
-    Token comparison();
+    // These take what begins here into a token that is empty.
+    void single(TokenKind kind, Token& token);
+    void comparison(Token& token);
+    void name(Token& token);
+    void bracketedName(Token& token);
+    void text(Token& token);
+    void number(Token& token);
 
     std::u16string_view sql_;
     size_t at_;

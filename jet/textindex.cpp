@@ -115,17 +115,21 @@ bool TextIndex::sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts,
     return order_->equal(scratch.left, scratch.right);
 }
 
-std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text,
-                                             std::span<const uint8_t> folded,
+std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text, const TextFolder& folder,
                                              const FoldedTexts& texts) {
     std::vector<uint32_t> rows;
     if (slots_.empty()) return rows;
     const uint64_t hash = order_->hash(text);
     const size_t mask = slots_.size() - 1;
+    // What lies anywhere in memory is on its way before it is needed.
+    __builtin_prefetch(&slots_[hash & mask]);
+    folded_.clear();
+    folder.fold(text, folded_);
     for (size_t slot = hash & mask; slots_[slot].row != kNone; slot = (slot + 1) & mask) {
         if (slots_[slot].tag != tagOf(hash)) continue;
+        __builtin_prefetch(&next_[slots_[slot].row]);
         const std::span<const uint8_t> found = texts.text(slots_[slot].row);
-        if (!std::ranges::equal(found, folded)) {
+        if (!std::ranges::equal(found, folded_)) {
             TextFolder::decode(found, scratch_.right);
             if (!order_->equal(text, scratch_.right)) continue;
         }

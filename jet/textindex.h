@@ -22,9 +22,9 @@ class TextIndex {
     // processors share the work where `limits` let them.
     void update(const FoldedTexts& texts, const CacheLimits& limits);
 
-    // The rows that it knows whose text equals `text`, in descending order; `folded` is the same
-    // text folded.
-    std::vector<uint32_t> rowsEqualTo(std::u16string_view text, std::span<const uint8_t> folded,
+    // The rows that it knows whose text equals `text`, in descending order. `folder` is the one of
+    // the texts.
+    std::vector<uint32_t> rowsEqualTo(std::u16string_view text, const TextFolder& folder,
                                       const FoldedTexts& texts);
 
     size_t bytes() const {
@@ -58,6 +58,7 @@ class TextIndex {
     std::vector<Slot> slots_;
     std::vector<uint32_t> next_;  // by row: the one before it in its chain, or kNone
     Scratch scratch_;
+    std::vector<uint8_t> folded_;  // room for the text that is looked for
 };
 
 }  // namespace jet

@@ -6,20 +6,31 @@
 namespace newcd {
 namespace {
 
-std::u16string sizeText(int64_t size) {
-    return base::trim(base::strNumber(size));
+// What stands around the texts and numbers of any of these queries is shorter than that.
+constexpr size_t kWords = 128;
+
+// The query that begins with `start` and asks for a type, with room for a title.
+std::u16string typeQuery(std::u16string_view start, std::u16string_view type,
+                         std::u16string_view title) {
+    std::u16string query;
+    query.reserve(kWords + title.size());
+    query += start;
+    query += u"(Type=";
+    base::appendQuoted(query, type);
+    query += u") ";
+    return query;
 }
 
-std::u16string typeFilter(std::u16string_view type) {
-    return u"(Type=" + base::quoted(type) + u") ";
+void addTitle(std::u16string& query, std::u16string_view title) {
+    query += u" and (Nom=";
+    base::appendQuoted(query, title);
+    query += u')';
 }
 
-std::u16string titleTerm(std::u16string_view title) {
-    return u" and (Nom=" + base::quoted(title) + u")";
-}
-
-std::u16string sizeTerm(int64_t size) {
-    return u" And (taille=" + sizeText(size) + u")";
+void addSize(std::u16string& query, int64_t size) {
+    query += u" And (taille=";
+    base::appendWholeNumber(query, size);
+    query += u')';
 }
 
 }  // namespace
@@ -72,32 +83,37 @@ bool matchesFilterText(std::u16string_view filterText, std::u16string_view title
 }
 
 std::u16string knownTitleQuery(std::u16string_view type, std::u16string_view title) {
-    return u"SELECT * from Listdonnees where" + typeFilter(type) + u" and Nom=" +
-           base::quoted(title);
+    std::u16string query = typeQuery(u"SELECT * from Listdonnees where", type, title);
+    query += u" and Nom=";
+    base::appendQuoted(query, title);
+    return query;
 }
 
 std::u16string knownTitleAndSizeQuery(std::u16string_view type, std::u16string_view title,
                                       int64_t size) {
-    return knownTitleQuery(type, title) + u" and Taille=" + sizeText(size);
+    std::u16string query = knownTitleQuery(type, title);
+    query += u" and Taille=";
+    base::appendWholeNumber(query, size);
+    return query;
 }
 
 std::u16string catalogueRuleQuery(CatalogueRule rule, std::u16string_view type,
                                   std::u16string_view filterText, std::u16string_view title,
                                   int64_t size) {
-    std::u16string query = u"SELECT * FROM Listdonnees WHERE " + typeFilter(type);
+    std::u16string query = typeQuery(u"SELECT * FROM Listdonnees WHERE ", type, title);
     if (!filterText.empty()) {
         const std::u16string pattern = base::quoted(u"*" + std::u16string(filterText) + u"*");
         query += u"and (Nom LIKE " + pattern + u" or Fichier LIKE " + pattern + u")";
     }
-    query += titleTerm(title);
-    if (rule == CatalogueRule::SkipKnownTitleAndSize) query += sizeTerm(size);
+    addTitle(query, title);
+    if (rule == CatalogueRule::SkipKnownTitleAndSize) addSize(query, size);
     return query;
 }
 
 std::u16string duplicateRuleQuery(DuplicateRule rule, std::u16string_view title, int64_t size) {
-    std::u16string query = u"SELECT * FROM Listdonnees WHERE " + typeFilter(kMarkerType);
-    query += titleTerm(title);
-    if (rule == DuplicateRule::OncePerTitleAndSize) query += sizeTerm(size);
+    std::u16string query = typeQuery(u"SELECT * FROM Listdonnees WHERE ", kMarkerType, title);
+    addTitle(query, title);
+    if (rule == DuplicateRule::OncePerTitleAndSize) addSize(query, size);
     return query;
 }
 

@@ -1,28 +1,25 @@
 #include "newcd/summaries.h"
 
 #include "base/number.h"
-#include "base/text.h"
 
 namespace newcd {
 namespace {
 
-std::u16string bare(int64_t count) {
-    return base::trim(base::strNumber(count));
-}
-
 std::u16string methodSummary(std::u16string_view method, int64_t total,
                              const MethodResult& result) {
     std::u16string text(method);
-    text += bare(total - result.known) + u" nouveaux morceaux (" + result.newSize + u") sur";
+    text += base::wholeNumber(total - result.known) + u" nouveaux morceaux (" + result.newSize +
+            u") sur";
     text += base::strNumber(total) + u" - ";
-    text += bare(result.known) + u" morceaux déjà mémorisés (" + result.knownSize + u").";
+    text +=
+        base::wholeNumber(result.known) + u" morceaux déjà mémorisés (" + result.knownSize + u").";
     return text;
 }
 
 std::u16string copySummary(std::u16string_view end, std::u16string_view verb,
                            const CopyResult& result) {
     std::u16string text(end);
-    text += u"\r\n\n" + bare(result.selected) + u" morceaux ";
+    text += u"\r\n\n" + base::wholeNumber(result.selected) + u" morceaux ";
     text += verb;
     text += u" (" + result.selectedSize + u") sur" + base::strNumber(result.found);
     text += u" morceaux trouvés (" + result.foundSize + u").";

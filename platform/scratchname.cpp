@@ -1,17 +1,12 @@
 #include "platform/scratchname.h"
 
 #include "base/number.h"
-#include "base/text.h"
 
 namespace platform {
 namespace {
 
 constexpr std::u16string_view kStart = u"~Brivantole";
 constexpr std::u16string_view kEnd = u".tmp";
-
-std::u16string digits(uint32_t number) {
-    return base::trim(base::strNumber(number));
-}
 
 bool isDigit(char16_t character) {
     return character >= u'0' && character <= u'9';
@@ -31,8 +26,8 @@ std::optional<uint32_t> takeNumber(std::u16string_view& text) {
 }  // namespace
 
 std::u16string scratchName(uint32_t process, uint32_t number) {
-    std::u16string name = std::u16string(kStart) + digits(process);
-    if (number > 0) name += u'-' + digits(number);
+    std::u16string name = std::u16string(kStart) + base::wholeNumber(process);
+    if (number > 0) name += u'-' + base::wholeNumber(number);
     name += kEnd;
     return name;
 }

@@ -15,6 +15,16 @@ TEST(StrNumber, PutsABlankBeforeWhatIsNotNegative) {
     EXPECT_EQ(strNumber(std::numeric_limits<int64_t>::max()), u" 9223372036854775807");
 }
 
+TEST(WholeNumber, IsTheDigitsAlone) {
+    EXPECT_EQ(wholeNumber(42), u"42");
+    EXPECT_EQ(wholeNumber(0), u"0");
+    EXPECT_EQ(wholeNumber(-7), u"-7");
+    EXPECT_EQ(wholeNumber(std::numeric_limits<int64_t>::min()), u"-9223372036854775808");
+    std::u16string text = u"a";
+    appendWholeNumber(text, std::numeric_limits<int64_t>::max());
+    EXPECT_EQ(text, u"a9223372036854775807");
+}
+
 TEST(PlainNumber, IsTheShortestDecimalForm) {
     EXPECT_EQ(plainNumber(0), u"0");
     EXPECT_EQ(plainNumber(-0.0), u"0");

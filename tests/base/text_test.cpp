@@ -121,6 +121,9 @@ TEST(Quoted, DoublesInnerQuotationMarks) {
     EXPECT_EQ(quoted(u""), u"\"\"");
     EXPECT_EQ(quoted(u"7\" single\""), u"\"7\"\" single\"\"\"");
     EXPECT_EQ(quoted(u"l'été"), u"\"l'été\"");
+    std::u16string query = u"Nom=";
+    appendQuoted(query, u"7\" single");
+    EXPECT_EQ(query, u"Nom=\"7\"\" single\"");
 }
 
 }  // namespace

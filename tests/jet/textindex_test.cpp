@@ -18,9 +18,7 @@ class TextIndexTest : public testing::Test {
     }
     std::vector<uint32_t> rows(std::u16string_view text) {
         index_.update(texts_, limits_);
-        std::vector<uint8_t> folded;
-        folder_.fold(text, folded);
-        return index_.rowsEqualTo(text, folded, texts_);
+        return index_.rowsEqualTo(text, folder_, texts_);
     }
     static std::u16string numbered(int number) {
         const std::string digits = std::to_string(number);
