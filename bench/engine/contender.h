@@ -27,6 +27,9 @@ struct LookUp {
     bool withSize = false;
 };
 
+// How many a run over a new CD does.
+constexpr size_t kLookUps = 10'000;
+
 // The first screen of a list.
 constexpr size_t kVisibleRows = 40;
 

@@ -29,6 +29,7 @@ class JetContender : public Contender {
     std::vector<int64_t> listedSizes() override;
     size_t lookUp(std::span<const LookUp> lookUps) override;
 
+    const std::string& path() const { return path_; }
     // Whether the last list is in the order of its texts.
     bool listedInOrder(Order order) const;
 

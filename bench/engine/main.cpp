@@ -1,12 +1,11 @@
 // enginebench FOLDER CATALOGUE ROWS [WORDS]: the program's engine and SQLite beside each other,
-// with ROWS rows in files in FOLDER; CATALOGUE is one without rows. Times are ours, the other
-// columns how many times as long the others take. With WORDS only the tasks whose name holds them
-// are done.
+// with ROWS rows in files in FOLDER; CATALOGUE is one without rows. Times are ours; then how many
+// times as long that is as what the task must touch takes this machine at least; the other columns
+// how many times as long the others take. With WORDS only the tasks whose name holds them are done.
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 
-#include "bench/engine/measure.h"
 #include "bench/engine/race.h"
 
 int main(int count, char** arguments) {
@@ -19,7 +18,6 @@ int main(int count, char** arguments) {
         bench::Race(arguments[1], arguments[2], rows / bench::kRowsOfCd,
                     count == 5 ? arguments[4] : "")
             .run();
-        std::printf("this machine reads memory at %.1f GB/s\n", bench::memoryBandwidth());
     } catch (const std::exception& error) {
         std::fprintf(stderr, "enginebench: %s\n", error.what());
         return 1;

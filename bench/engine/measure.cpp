@@ -1,10 +1,15 @@
 #include "bench/engine/measure.h"
 
+#include <fcntl.h>
 #include <malloc.h>
+#include <unistd.h>
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
+#include <filesystem>
 #include <numeric>
+#include <stdexcept>
 
 namespace bench {
 namespace {
@@ -42,9 +47,48 @@ double memoryBandwidth() {
     for (int round = 0; round < 5; ++round) {
         const double seconds =
             timed([&] { sum += std::accumulate(memory.begin(), memory.end(), uint64_t{0}); });
-        best = std::max(best, static_cast<double>(kWords * sizeof(uint64_t)) / seconds / 1e9);
+        best = std::max(best, static_cast<double>(kWords * sizeof(uint64_t)) / seconds);
     }
     return sum == 0 ? 0 : best;  // the sum is used, so that it is made
+}
+
+double memoryLatency() {
+    constexpr size_t kPlaces = size_t{1} << 24;  // each in a cache line of its own
+    constexpr size_t kLine = 64 / sizeof(uint32_t);
+    constexpr size_t kSteps = 1'000'000;
+    std::vector<uint32_t> next(kPlaces * kLine);
+    // One way through all places: a linear congruential generator of full period.
+    uint32_t place = 0;
+    for (size_t i = 0; i < kPlaces; ++i) {
+        const auto after = static_cast<uint32_t>((place * 1664525ULL + 1013904223) % kPlaces);
+        next[place * kLine] = after;
+        place = after;
+    }
+    const double seconds = timed([&] {
+        for (size_t i = 0; i < kSteps; ++i)
+            place = next[place * kLine];
+    });
+    return place == kPlaces ? 0 : seconds / kSteps;  // the place is used, so that it is read
+}
+
+double flushTime(const std::string& folder) {
+    constexpr int kRounds = 21;
+    const std::string path = folder + "/flush";
+    const int file = open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    if (file < 0) throw std::runtime_error("cannot make " + path);
+    const std::array<char, 4096> page{};
+    Times times;
+    bool written = true;
+    for (int round = 0; round < kRounds; ++round) {
+        times.seconds.push_back(timed([&] {
+            written =
+                written && pwrite(file, page.data(), page.size(), 0) > 0 && fdatasync(file) == 0;
+        }));
+    }
+    close(file);
+    std::filesystem::remove(path);
+    if (!written) throw std::runtime_error("cannot write " + path);
+    return times.median();
 }
 
 }  // namespace bench

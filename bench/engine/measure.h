@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace bench {
@@ -26,7 +27,14 @@ struct Times {
 // Bytes that the process has allocated and not freed.
 size_t allocatedBytes();
 
-// Gigabytes a second at which this machine reads memory, one thread, the best of a few tries.
+// Bytes a second at which this machine reads memory, one thread, the best of a few tries.
 double memoryBandwidth();
+
+// Seconds that it takes to read one place of a gigabyte when nobody could know which it would be.
+double memoryLatency();
+
+// Seconds until the medium has a page that was written to a file in `folder`, the median of some.
+// Throws std::runtime_error when there is no file to be made.
+double flushTime(const std::string& folder);
 
 }  // namespace bench

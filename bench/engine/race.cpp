@@ -16,7 +16,6 @@ constexpr size_t kFewestRounds = 5;
 constexpr size_t kMostRounds = 21;
 constexpr double kPatience = 10;
 
-constexpr size_t kLookUps = 10'000;
 // Without an index each look-up reads the whole table: fewer must do.
 constexpr size_t kSlowLookUps = 20;
 
@@ -55,12 +54,15 @@ std::vector<LookUp> lookUpsIn(size_t cds, size_t count, bool withSize) {
 }  // namespace
 
 Race::Race(const std::string& folder, const std::string& empty, size_t cds, std::string wanted)
-    : cds_(cds), wanted_(std::move(wanted)), ours_(std::make_unique<JetContender>(folder, empty)) {
+    : cds_(cds),
+      wanted_(std::move(wanted)),
+      machine_(Machine::measured(folder)),
+      ours_(std::make_unique<JetContender>(folder, empty)) {
     for (const Indexing indexing : {Indexing::None, Indexing::Columns, Indexing::Search})
         others_.push_back(std::make_unique<SqliteContender>(folder, indexing));
 }
 
-void Race::race(const std::string& task, size_t rounds, const Task& work) {
+void Race::race(const std::string& task, size_t rounds, const Touching& touched, const Task& work) {
     if (!isWanted(task)) return;
     std::vector<Contender*> contenders = {ours_.get()};
     for (const auto& other : others_)
@@ -76,7 +78,8 @@ void Race::race(const std::string& task, size_t rounds, const Task& work) {
         }
     }
     const double ours = times[0].median();
-    std::printf("%-44s %10.3f ms ±%3.0f%%", task.c_str(), ours * 1e3, times[0].spread() * 100);
+    std::printf("%-44s %10.3f ms ±%3.0f%% %7.1f", task.c_str(), ours * 1e3, times[0].spread() * 100,
+                ours / machine_.secondsFor(touched(Collection::of(cds_, ours_->path()))));
     for (size_t i = 1; i < times.size(); ++i)
         std::printf("  %9.2f ±%3.0f%%", times[i].median() / ours, times[i].spread() * 100);
     std::printf("\n");
@@ -102,7 +105,13 @@ void Race::reopen(Contender& contender) const {
 
 void Race::run() {
     std::printf("%zu rows on %zu CDs\n", cds_ * kRowsOfCd, cds_);
-    std::printf("%-44s %19s", "", ours_->name().c_str());
+    std::printf(
+        "this machine reads %.1f GB/s of memory, any one place of it in %.0f ns; the medium has "
+        "what "
+        "is written after %.2f ms\n",
+        machine_.bytesPerSecond / 1e9, machine_.secondsPerPlace * 1e9,
+        machine_.secondsPerFlush * 1e3);
+    std::printf("%-44s %19s %7s", "", ours_->name().c_str(), "limits");
     for (const auto& other : others_)
         std::printf("  %15s", other->name().c_str());
     std::printf("\n");
@@ -110,16 +119,8 @@ void Race::run() {
     raceFilling();
     compareCdNames();
     raceOpening();
-    raceFirstListing("all CDs by name, first after opening", {});
-    raceListing("all CDs by name", {});
-    raceListing("all CDs by path", {.order = Order::Path});
-    raceListing("all CDs by size", {.order = Order::Size});
-    raceListing("one CD by name", {.cd = cdName(cds_ / 2)});
-    raceFirstListing("search for a frequent word, first", {.search = "amour"});
-    raceListing("search for a frequent word", {.search = "amour"});
-    raceListing("search for a rare text", {.search = "volzipri"});
-    raceListing("search for two letters", {.search = "zi"});
-    raceListing("search for what is nowhere", {.search = "xqxq"});
+    raceListings();
+    raceSearches();
     raceLookUps("10,000 look-ups by type and title", false);
     raceLookUps("10,000 look-ups by type, title and size", true);
     raceChanges();
@@ -134,28 +135,47 @@ void Race::raceFilling() {
         for (const auto& other : others_)
             fill(*other);
     }
-    race(task, cds_ < kManyCds ? kFewestRounds : 1,
+    race(task, cds_ < kManyCds ? kFewestRounds : 1, &Collection::appending,
          [&](Contender& contender) { return fill(contender); });
 }
 
 void Race::raceOpening() {
-    race("open, up to the list of CDs", kMostRounds, [&](Contender& contender) {
-        contender.close();
-        return timed([&] { contender.openToCdList(); });
-    });
+    race("open, up to the list of CDs", kMostRounds, &Collection::opening,
+         [&](Contender& contender) {
+             contender.close();
+             return timed([&] { contender.openToCdList(); });
+         });
 }
 
-void Race::raceListing(const std::string& task, const Listing& listing) {
+void Race::raceListings() {
+    raceFirstListing("all CDs by name, first after opening", {}, &Collection::firstListing);
+    raceListing("all CDs by name", {}, &Collection::listing);
+    raceListing("all CDs by path", {.order = Order::Path}, &Collection::listing);
+    raceListing("all CDs by size", {.order = Order::Size}, &Collection::listing);
+    raceListing("one CD by name", {.cd = cdName(cds_ / 2)}, &Collection::listingOfCd);
+}
+
+void Race::raceSearches() {
+    raceFirstListing("search for a frequent word, first", {.search = "amour"},
+                     &Collection::firstSearch);
+    raceListing("search for a frequent word", {.search = "amour"}, &Collection::search);
+    raceListing("search for a rare text", {.search = "volzipri"}, &Collection::search);
+    raceListing("search for two letters", {.search = "zi"}, &Collection::search);
+    raceListing("search for what is nowhere", {.search = "xqxq"}, &Collection::search);
+}
+
+void Race::raceListing(const std::string& task, const Listing& listing, const Touching& touched) {
     if (!isWanted(task)) return;
     compareAnswers(listing);
-    race(task, kMostRounds, [&](Contender& contender) {
+    race(task, kMostRounds, touched, [&](Contender& contender) {
         std::vector<std::string> screen;
         return timed([&] { contender.list(listing, screen); });
     });
 }
 
-void Race::raceFirstListing(const std::string& task, const Listing& listing) {
-    race(task, kMostRounds, [&](Contender& contender) {
+void Race::raceFirstListing(const std::string& task, const Listing& listing,
+                            const Touching& touched) {
+    race(task, kMostRounds, touched, [&](Contender& contender) {
         reopen(contender);
         std::vector<std::string> screen;
         return timed([&] { contender.list(listing, screen); });
@@ -174,16 +194,17 @@ void Race::raceChanges() {
     const auto remove = [&](Contender& contender) {
         return timed([&] { transact(contender, [&] { contender.deleteCd(name); }); });
     };
-    race("add a CD of 500 rows, durably", kMostRounds, [&](Contender& contender) {
-        const double seconds = add(contender);
-        remove(contender);
-        return seconds;
-    });
-    race("delete it, durably", kMostRounds, [&](Contender& contender) {
+    race("add a CD of 500 rows, durably", kMostRounds, &Collection::changingCd,
+         [&](Contender& contender) {
+             const double seconds = add(contender);
+             remove(contender);
+             return seconds;
+         });
+    race("delete it, durably", kMostRounds, &Collection::changingCd, [&](Contender& contender) {
         add(contender);
         return remove(contender);
     });
-    race("replace it, durably", kMostRounds, [&](Contender& contender) {
+    race("replace it, durably", kMostRounds, &Collection::replacingCd, [&](Contender& contender) {
         add(contender);
         const double seconds = timed([&] {
             transact(contender, [&] {
@@ -194,13 +215,14 @@ void Race::raceChanges() {
         remove(contender);
         return seconds;
     });
-    race("all CDs by name, after adding a CD", kMostRounds, [&](Contender& contender) {
-        contender.list(everything, screen);
-        add(contender);
-        const double seconds = timed([&] { contender.list(everything, screen); });
-        remove(contender);
-        return seconds;
-    });
+    race("all CDs by name, after adding a CD", kMostRounds, &Collection::listing,
+         [&](Contender& contender) {
+             contender.list(everything, screen);
+             add(contender);
+             const double seconds = timed([&] { contender.list(everything, screen); });
+             remove(contender);
+             return seconds;
+         });
     if (wanted_.empty()) compareAnswers(everything);
 }
 
@@ -216,11 +238,11 @@ void Race::raceLookUps(const std::string& task, bool withSize) {
         require(found == part.size() / 2, task);
         return seconds * static_cast<double>(kLookUps) / static_cast<double>(part.size());
     };
-    race(task + ", first", kFewestRounds, [&](Contender& contender) {
+    race(task + ", first", kFewestRounds, &Collection::firstLookUps, [&](Contender& contender) {
         reopen(contender);
         return lookUp(contender);
     });
-    race(task, kMostRounds, lookUp);
+    race(task, kMostRounds, &Collection::lookUps, lookUp);
 }
 
 void Race::reportMemory() {

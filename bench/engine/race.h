@@ -8,6 +8,7 @@
 
 #include "bench/engine/contender.h"
 #include "bench/engine/jetcontender.h"
+#include "bench/engine/limits.h"
 
 namespace bench {
 
@@ -23,16 +24,20 @@ class Race {
   private:
     // Seconds of the task, done by the contender.
     using Task = std::function<double(Contender&)>;
+    // What our engine touches for it.
+    using Touching = std::function<Touched(const Collection&)>;
 
-    void race(const std::string& task, size_t rounds, const Task& work);
+    void race(const std::string& task, size_t rounds, const Touching& touched, const Task& work);
     bool isWanted(const std::string& task) const { return task.find(wanted_) != std::string::npos; }
     double fill(Contender& contender) const;
     void reopen(Contender& contender) const;
 
     void raceFilling();
     void raceOpening();
-    void raceListing(const std::string& task, const Listing& listing);
-    void raceFirstListing(const std::string& task, const Listing& listing);
+    void raceListings();
+    void raceSearches();
+    void raceListing(const std::string& task, const Listing& listing, const Touching& touched);
+    void raceFirstListing(const std::string& task, const Listing& listing, const Touching& touched);
     void raceChanges();
     void raceLookUps(const std::string& task, bool withSize);
     void reportMemory();
@@ -43,6 +48,7 @@ class Race {
 
     size_t cds_;
     std::string wanted_;
+    Machine machine_;
     std::unique_ptr<JetContender> ours_;
     std::vector<std::unique_ptr<Contender>> others_;
 };
