@@ -33,6 +33,10 @@ std::unique_ptr<Recordset> Database::OpenRecordset(std::u16string_view source) {
     return std::unique_ptr<Recordset>(new Recordset(session_, prepared.table(), prepared.query()));
 }
 
+void Database::readAhead(std::u16string_view query) {
+    session_->readAhead(query);
+}
+
 bool Database::hasTable(std::u16string_view name) const {
     return session_->store().hasTable(name);
 }

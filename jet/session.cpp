@@ -1,5 +1,8 @@
 #include "jet/session.h"
 
+#include <exception>
+#include <system_error>
+
 #include "base/error.h"
 #include "jet/format.h"
 #include "jet/planner.h"
@@ -15,20 +18,26 @@ Session::Session(std::unique_ptr<Store> store, const CacheLimits& limits)
       limits_(limits) {}
 
 Store& Session::store() const {
+    awaitReadAhead();
+    return openStore();
+}
+
+Store& Session::openStore() const {
     if (store_) return *store_;
     throw Error(ErrorNumber::InvalidOperation, u"La base de donn\u00E9es est ferm\u00E9e.");
 }
 
 void Session::close() {
+    awaitReadAhead();
     queries_.clear();
     caches_.clear();
     store_.reset();
 }
 
 void Session::dropStaleCaches() {
-    if (cachedState_ == store().changeCount()) return;
+    if (cachedState_ == openStore().changeCount()) return;
     caches_.clear();
-    cachedState_ = store().changeCount();
+    cachedState_ = openStore().changeCount();
 }
 
 // Null when there is none, or none that is right.
@@ -42,6 +51,31 @@ TableCache* Session::knownCache(const Table& table) {
 }
 
 std::vector<RowId> Session::rows(const Query& query, const Table& table) {
+    awaitReadAhead();
+    return answer(query, table);
+}
+
+void Session::readAhead(std::u16string_view sql) {
+    const PreparedQuery& prepared = prepare(sql);
+    const auto work = [this, query = prepared.query(), &table = prepared.table()] {
+        try {
+            answer(query, table);
+        } catch (const std::exception&) {
+            // Whoever asks for the answer will be told.
+        }
+    };
+    try {
+        ahead_ = std::async(std::launch::async, work);
+    } catch (const std::system_error&) {
+        // No thread to be had: it will be read when it is asked for.
+    }
+}
+
+void Session::awaitReadAhead() const {
+    if (ahead_.valid()) ahead_.get();
+}
+
+std::vector<RowId> Session::answer(const Query& query, const Table& table) {
     TableCache* cache = knownCache(table);
     if (!cache) {
         if (limits_.bytesPerRow == 0 || !Planner::wantsColumns(query))
@@ -68,6 +102,7 @@ void Session::inTransaction(Change change) {
 }
 
 RowId Session::append(Table& table, std::span<const Value> values) {
+    awaitReadAhead();
     TableCache* cache = knownCache(table);
     RowId row;
     inTransaction([&] { row = table.append(values); });
@@ -77,6 +112,7 @@ RowId Session::append(Table& table, std::span<const Value> values) {
 }
 
 void Session::remove(Table& table, RowId row) {
+    awaitReadAhead();
     TableCache* cache = knownCache(table);
     inTransaction([&] { table.remove(row); });
     if (cache) cache->rowRemoved(row);

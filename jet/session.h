@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <future>
 #include <map>
 #include <memory>
 #include <span>
@@ -36,6 +37,9 @@ class Session {
 
     // The answer to a query, in its order.
     std::vector<RowId> rows(const Query& query, const Table& table);
+    // Works it out on another thread, for what is kept in memory then. All other calls wait for its
+    // end. Errors as for prepare().
+    void readAhead(std::u16string_view sql);
 
     // Inside a transaction of their own when none is open.
     RowId append(Table& table, std::span<const Value> values);
@@ -44,8 +48,11 @@ class Session {
   private:
     template <typename Change>
     void inTransaction(Change change);
+    Store& openStore() const;
+    std::vector<RowId> answer(const Query& query, const Table& table);
     void dropStaleCaches();
     TableCache* knownCache(const Table& table);
+    void awaitReadAhead() const;
 
     std::unique_ptr<Store> store_;
     const TextOrder* textOrder_;
@@ -55,6 +62,8 @@ class Session {
     uint64_t cachedState_ = 0;
     std::map<const Table*, TableCache> caches_;
     PreparedQueries queries_;
+    // Uses all of the above, and ends before they go.
+    mutable std::future<void> ahead_;
 };
 
 }  // namespace jet

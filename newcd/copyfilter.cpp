@@ -37,6 +37,12 @@ bool keepsTrack(const RunTools& tools, std::u16string_view filterText, MarkerRow
     return keep;
 }
 
+void readAheadForCopy(const RunTools& tools, std::u16string_view filterText) {
+    const CatalogueRule rule = catalogueRule(tools.settings);
+    if (rule == CatalogueRule::CopyAll) return;
+    tools.catalogue.readAhead(catalogueRuleQuery(rule, {}, filterText, {}, 0));
+}
+
 bool filterForCopy(const RunTools& tools, RunState& run, CopyWindow& window) {
     // Markers of an earlier run would count as duplicates of this one.
     deleteMarkerRows(tools.catalogue);

@@ -13,6 +13,9 @@ namespace newcd {
 bool keepsTrack(const RunTools& tools, std::u16string_view filterText, MarkerRows* markers,
                 const Track& track);
 
+// Begins to bring into memory what the rules ask of the catalogue; returns at once.
+void readAheadForCopy(const RunTools& tools, std::u16string_view filterText);
+
 // Lists every track with its check, then shows the summary; no marker is left in the catalogue.
 // Gives false when a stop was asked for.
 bool filterForCopy(const RunTools& tools, RunState& run, CopyWindow& window);

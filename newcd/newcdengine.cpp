@@ -23,6 +23,7 @@ void NewCdEngine::guarded(Run run) {
 void NewCdEngine::search(SearchWindow& window) {
     guarded([&] {
         run_.RunMode = Mode::Search;
+        readAheadForSearch(tools_.catalogue);
         if (!readMedium(tools_, run_, window)) return;
         if (!filterForSearch(tools_, run_, window)) return;
         window.turnCancelIntoOk();
@@ -32,6 +33,7 @@ void NewCdEngine::search(SearchWindow& window) {
 void NewCdEngine::copy(CopyWindow& window) {
     guarded([&] {
         run_.RunMode = Mode::Copy;
+        readAheadForCopy(tools_, run_.CopyFilterText);
         if (!readMedium(tools_, run_, window)) return;
         if (!filterForCopy(tools_, run_, window)) return;
         if (!waitForStart(run_, window)) return;

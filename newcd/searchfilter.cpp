@@ -33,6 +33,11 @@ MethodResult methodResult(RunState& run, size_t column, SizeIndex sum, char16_t 
 
 }  // namespace
 
+void readAheadForSearch(jet::Database& catalogue) {
+    // It asks for all that the query for the title alone does.
+    catalogue.readAhead(knownTitleAndSizeQuery({}, {}, 0));
+}
+
 bool filterForSearch(const RunTools& tools, RunState& run, SearchWindow& window) {
     const auto take = [&](size_t index) {
         const Track track = run.workList[index];

@@ -7,6 +7,9 @@
 
 namespace newcd {
 
+// Begins to bring into memory what tells whether a track is known; returns at once.
+void readAheadForSearch(jet::Database& catalogue);
+
 // Lists the known tracks, then shows the summary. Gives false when a stop was asked for.
 bool filterForSearch(const RunTools& tools, RunState& run, SearchWindow& window);
 

@@ -91,6 +91,68 @@ TEST_F(DatabaseTest, TransactionsDoNotNest) {
     database_->Rollback();
 }
 
+constexpr std::u16string_view kByTitle =
+    u"SELECT * FROM ListDonnees WHERE (Type=\"MP3\") and Nom=\"b\"";
+
+TEST_F(DatabaseTest, WhatIsReadAheadNeedsTheFileNoMore) {
+    addAll({{u"a"}, {u"b"}, {u"c"}, {u"b", u"MID"}});
+    database_->readAhead(kByTitle);
+    EXPECT_TRUE(database_->hasTable(u"ListDonnees"));  // waits
+    files_.add(kCatalogPath, std::string(files_.content(kCatalogPath).size(), '\0'));
+    EXPECT_EQ(database_->OpenRecordset(kByTitle)->RecordCount(), 1U);
+}
+
+TEST_F(DatabaseTest, WhatComesNextWaitsForWhatIsReadAhead) {
+    std::vector<Track> tracks;
+    for (int i = 0; i < 3000; ++i)
+        tracks.push_back({.nom = i % 100 == 0 ? u"b" : u"other"});
+    addAll(tracks);
+    size_t count = 30;
+    for (int round = 0; round < 5; ++round) {
+        reopen();
+        database_->readAhead(kByTitle);
+        EXPECT_EQ(database_->OpenRecordset(kByTitle)->RecordCount(), count);
+        reopen();
+        database_->readAhead(kByTitle);
+        add({u"b"});
+        EXPECT_EQ(database_->OpenRecordset(kByTitle)->RecordCount(), ++count);
+        reopen();
+        const auto table = database_->OpenRecordset(u"ListDonnees");
+        database_->readAhead(kByTitle);
+        EXPECT_EQ(table->Fields(u"Nom").Text(), round == 0 ? u"b" : u"other");
+        database_->readAhead(kByTitle);
+        table->Delete();
+        if (round == 0) --count;
+        EXPECT_EQ(database_->OpenRecordset(kByTitle)->RecordCount(), count);
+        database_->readAhead(kByTitle);
+        database_->readAhead(u"SELECT * FROM ListDonnees ORDER BY Fichier");
+        database_->BeginTrans();
+        add({u"b"});
+        database_->readAhead(kByTitle);
+        database_->Rollback();
+        EXPECT_EQ(database_->OpenRecordset(kByTitle)->RecordCount(), count);
+        database_->readAhead(kByTitle);
+    }
+    database_->readAhead(u"SELECT * FROM ListDonnees WHERE Fichier LIKE \"*x*\"");
+    database_.reset();
+}
+
+TEST_F(DatabaseTest, ReadingAheadRefusesWhatNobodyCouldAnswer) {
+    EXPECT_EQ(errorOf([&] { database_->readAhead(u"SELECT * FROM Other"); }), 3078);
+    EXPECT_EQ(errorOf([&] { database_->readAhead(u"SELECT * ListDonnees"); }), 3075);
+    database_->Close();
+    EXPECT_EQ(errorOf([&] { database_->readAhead(kByTitle); }), 3001);
+}
+
+TEST_F(DatabaseTest, AFaultMetWhileReadingAheadIsToldToWhoeverAsks) {
+    addAll({{u"a"}, {u"b"}});
+    reopen();
+    EXPECT_TRUE(database_->hasField(u"ListDonnees", u"Nom"));
+    files_.add(kCatalogPath, std::string(files_.content(kCatalogPath).size(), '\0'));
+    database_->readAhead(kByTitle);
+    EXPECT_NE(errorOf([&] { database_->OpenRecordset(kByTitle); }), 0);
+}
+
 TEST_F(DatabaseTest, AClosedOneRefusesEverything) {
     database_->Close();
     database_->Close();

@@ -24,6 +24,13 @@ class NewCdEngineTest : public RunFixture {
         addFile(u"E:\\Album\\faux.wav", 10);
         catalogue_.addRow(u"Fin", 2000, u"MID");
     }
+    // At the first yield, when the walk has begun.
+    void spoilCatalogue(size_t yield) {
+        if (yield != 1) return;
+        EXPECT_TRUE(
+            catalogue_.database().hasTable(u"ListDonnees"));  // waits for what is read ahead
+        catalogue_.spoil();
+    }
     NewCdEngine engine{tools, run};
 };
 
@@ -61,6 +68,26 @@ TEST_F(NewCdEngineTest, CopiesAMedium) {
               u"Copie terminée.\r\n\n1 morceaux copiés (1000 Octets) sur 3 morceaux trouvés (6 "
               u"Ko).");
     EXPECT_EQ(catalogue_.rowCount(), 1U);
+}
+
+// While the medium is read, the catalogue comes into memory: its file is needed no more then.
+TEST_F(NewCdEngineTest, ASearchReadsTheCatalogueMeanwhile) {
+    if (!CatalogueCopy::kHasOtherReader) GTEST_SKIP() << "nobody else may write to the file here";
+    fakes::FakeSearchWindow window;
+    window.atYield = [&](size_t yield) { spoilCatalogue(yield); };
+    engine.search(window);
+    EXPECT_EQ(window.list2, std::vector<std::u16string>{u"Fin"});
+}
+
+TEST_F(NewCdEngineTest, ACopyReadsTheCatalogueMeanwhile) {
+    if (!CatalogueCopy::kHasOtherReader) GTEST_SKIP() << "nobody else may write to the file here";
+    settings.CopyOption1 = 2;
+    fakes::FakeCopyWindow window;
+    window.atYield = [&](size_t yield) { spoilCatalogue(yield); };
+    window.whileWaiting = {[&] { scanState.ScanAnswer = 1; }};
+    engine.copy(window);
+    ASSERT_EQ(window.list.size(), 3U);
+    EXPECT_EQ(window.list[1], (fakes::FakeCopyWindow::Item{u"Fin", false}));
 }
 
 TEST_F(NewCdEngineTest, RunsAgainOnAnotherMedium) {

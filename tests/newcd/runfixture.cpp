@@ -91,6 +91,14 @@ size_t CatalogueCopy::markerCountInFile() const {
 
 #endif
 
+void CatalogueCopy::spoil() const {
+    constexpr size_t kPage = 4096;
+    std::fstream file(file_, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(kPage);
+    const std::string zeros(std::filesystem::file_size(file_) - kPage, '\0');
+    file.write(zeros.data(), static_cast<std::streamsize>(zeros.size()));
+}
+
 std::string CatalogueCopy::bytes() const {
     std::ifstream file(file_, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};

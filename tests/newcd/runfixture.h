@@ -46,6 +46,8 @@ class CatalogueCopy {
     size_t markerCountInFile() const;
     // The file's bytes on disk now.
     std::string bytes() const;
+    // Overwrites all its tables with zeros, behind the back of the database.
+    void spoil() const;
 
   private:
     std::filesystem::path folder_;
