@@ -119,12 +119,12 @@ bool FrmMP3::onKeyDown(HWND control, WPARAM key) {
     const bool inCds = control == item(FrmMP3_List1);
     const bool inTracks = control == item(FrmMP3_DBList2);
     const bool inSearch = control == item(FrmMP3_TextRech);
+    const bool withControl = GetKeyState(VK_CONTROL) < 0;
     int command = 0;
     if (key == VK_DELETE && inCds) command = FrmMP3_menusupprimer;
-    if (key == 'C' && GetKeyState(VK_CONTROL) < 0 && (inCds || inTracks))
-        command = FrmMP3_menucopier;
+    if (key == 'C' && withControl && (inCds || inTracks)) command = FrmMP3_menucopier;
     if (key == VK_RETURN && inSearch) command = FrmMP3_Command1;
-    if (key == VK_RETURN && inTracks) tracks_->DBList2_Click(player());
+    if (key == VK_RETURN && inTracks) tracks_->DBList2_Enter(player(), withControl);
     if (command != 0 && cdRow() != kNoCdRow) onClick(command);
     return command != 0;
 }

@@ -32,7 +32,18 @@ void FrmMP3Tracks::DBList2_Click(const TrackPlayer& player) {
 }
 
 void FrmMP3Tracks::DBList2_DblClick(const TrackPlayer& player) {
-    if (!played_.anyChosen()) return;
+    if (played_.anyChosen()) playAll(player);
+}
+
+void FrmMP3Tracks::DBList2_Enter(const TrackPlayer& player, bool wholeList) {
+    list_.chooseMarked();
+    if (!wholeList)
+        DBList2_Click(player);
+    else if (list_.selected())
+        playAll(player);
+}
+
+void FrmMP3Tracks::playAll(const TrackPlayer& player) {
     playList(player.system.programs, player.system.files, player.system.codePage, player.AppPath,
              player.settings, *recordset_);
 }

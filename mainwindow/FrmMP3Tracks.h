@@ -32,10 +32,12 @@ class FrmMP3Tracks {
     void show(const TrackQuery& query);
     // Shows nothing, as before a CD is chosen.
     void clear();
-    // A click on the list, or Enter: plays the chosen track, once until another is chosen.
+    // A click on the list: plays the chosen track, once until another is chosen.
     void DBList2_Click(const TrackPlayer& player);
     // Plays the whole list.
     void DBList2_DblClick(const TrackPlayer& player);
+    // Enter, or Ctrl+Enter: the keyboard's click and double click on the row that bears its mark.
+    void DBList2_Enter(const TrackPlayer& player, bool wholeList);
     // The details of the track in that row.
     TrackInfo info(size_t row, const platform::System& system, const catalogue::Settings& settings);
     // What is exported: the shown rows and the column of theirs that the list shows.
@@ -52,6 +54,7 @@ class FrmMP3Tracks {
     std::u16string rowText(size_t row);
     // Puts the recordset on the list's chosen row; false when there is none.
     bool moveToChosen();
+    void playAll(const TrackPlayer& player);
 
     jet::Database& database_;
     std::u16string displayedField_;

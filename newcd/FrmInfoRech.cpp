@@ -117,6 +117,13 @@ bool FrmInfoRech::translate(MSG& message) {
             return true;
         }
     }
+    if (message.message == WM_KEYDOWN && message.wParam == VK_RETURN &&
+        GetKeyState(VK_CONTROL) < 0) {
+        if (const std::optional<List> list = listOf(message.hwnd)) {
+            List_CtrlEnter(*list);
+            return true;
+        }
+    }
     return Dialog::translate(message);
 }
 
@@ -171,6 +178,11 @@ void FrmInfoRech::List_RightMouseDown(List list, size_t row) {
 void FrmInfoRech::List_ContextMenuKey(List list) {
     if (const auto row = view(list).marked())
         infoTitre_.showForKeyboard(window(), info(list, *row));
+}
+
+void FrmInfoRech::List_CtrlEnter(List list) {
+    view(list).chooseMarked();
+    List_DblClick(list);
 }
 
 mainwindow::TrackInfo FrmInfoRech::info(List list, size_t row) const {

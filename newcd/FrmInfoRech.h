@@ -40,6 +40,7 @@ class FrmInfoRech : public platform::win32::Dialog, private SearchWindow {
     void List_DblClick(List list);
     void List_RightMouseDown(List list, size_t row);
     void List_ContextMenuKey(List list);
+    void List_CtrlEnter(List list);
     void Form_Resize();
 
     // What the search sees of the window.

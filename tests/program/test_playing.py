@@ -99,6 +99,24 @@ def test_enter_plays_what_the_arrows_chose_and_a_refresh_forgets_the_last_click(
     player.wait_started(first, second, second)
 
 
+def test_the_keyboard_plays_the_marked_track_and_the_whole_list(program, player):
+    main = opened(program)
+    main.List1.wait(lambda: main.List1.focused, "to have the focus")
+    main.key("Tab", "ctrl+Return")
+    player.wait_started(list_command(program, player))
+    assert main.DBList2.selected == [0]
+    main.key("Return")
+    first = f'{player.path} "F:\\Musique\\beau.mid"'
+    player.wait_started(list_command(program, player), first)
+    main.key("F5")
+    wait_for(lambda: main.DBList2.selected == [], "the list filled anew")
+    for key in ("Home", "Prior"):
+        main.key(key)
+        wait_for(lambda: main.DBList2.selected == [0], "the first track chosen")
+        main.key("F5")
+        wait_for(lambda: main.DBList2.selected == [], "the list filled anew")
+
+
 def test_a_double_click_below_the_tracks_plays_the_list_once_one_was_chosen(program, player):
     main = opened(program)
     _, _, right, bottom = main.DBList2.rect

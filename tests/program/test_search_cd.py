@@ -194,6 +194,19 @@ def test_the_space_bar_plays_like_a_click(main, player):
     close(results)
 
 
+def test_control_and_enter_play_the_whole_list(main, player):
+    results = search(main)
+    main.desktop.keys("shift+Tab")
+    results.List2.wait(lambda: results.List2.focused, "to have the focus")
+    main.desktop.keys("ctrl+Return")
+    playlist = main.program.folder / "Brivantole.m3u"
+    player.wait_started(f'{player.path} "{windows_path(playlist)}"')
+    assert results.List2.selected == [0]
+    assert playlist.read_text(encoding="cp1252").splitlines() == [
+        real_path(title) for title in results.List2.rows()]
+    close(results)
+
+
 @pytest.mark.parametrize("name", ["List1", "List2"])
 def test_a_double_click_plays_the_whole_list_in_its_order(main, player, name):
     results = search(main)

@@ -5,6 +5,13 @@
 #include "platform/win32/wide.h"
 
 namespace platform::win32 {
+namespace {
+
+bool leadsToAnEnd(WPARAM key) {
+    return key == VK_HOME || key == VK_END || key == VK_PRIOR || key == VK_NEXT;
+}
+
+}  // namespace
 
 VirtualList::VirtualList(HWND list, RowText rowText) : list_(list), rowText_(std::move(rowText)) {
     ListView_SetExtendedListViewStyle(list_,
@@ -28,6 +35,8 @@ LRESULT CALLBACK VirtualList::procedure(HWND list, UINT message, WPARAM wParam, 
         return 0;
     if (message == WM_KEYDOWN && wParam == VK_SPACE) self->chooseMarked();
     const LRESULT answer = DefSubclassProc(list, message, wParam, lParam);
+    // The list itself does nothing when the mark is where such a key would bring it.
+    if (message == WM_KEYDOWN && leadsToAnEnd(wParam)) self->chooseMarked();
     if (message == WM_SIZE) self->stretchColumn();
     if (message == WM_SETFOCUS) self->markForKeyboard();
     if (message == WM_NCDESTROY) {

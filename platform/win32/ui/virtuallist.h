@@ -36,6 +36,8 @@ class VirtualList {
     std::optional<size_t> selected() const;
     // The row that bears the keyboard's mark; none in an empty list.
     std::optional<size_t> marked() const;
+    // Chooses the row that bears the mark when none is chosen; false when there is nothing to do.
+    bool chooseMarked();
     // The row under a place that a mouse message tells; none below the rows.
     std::optional<size_t> rowAt(LPARAM place) const;
 
@@ -53,9 +55,6 @@ class VirtualList {
     // Lets the keyboard's mark be seen: while the list has the focus, a row bears it even when none
     // is chosen yet.
     void markForKeyboard();
-    // Chooses the row that bears the mark when none is chosen; false when there is nothing to do.
-    bool chooseMarked();
-
     HWND list_;
     RowText rowText_;
     std::function<bool(size_t)> rowChecked_;  // none for a list without check boxes
