@@ -28,9 +28,10 @@ class Database {
     // be kept after Close() and even after the database object; every call but Close() then fails.
     std::unique_ptr<Recordset> OpenRecordset(std::u16string_view source);
 
-    // Begins, on another thread, to bring into memory what `query`, a SELECT, and others like it are
-    // answered from. Whatever is asked of the database or its recordsets next waits for that. Errors
-    // in the text as for OpenRecordset(); what else goes wrong is left for the query itself to meet.
+    // Begins, on another thread, to bring into memory what `query`, a SELECT, and others like it
+    // are answered from. Whatever is asked of the database or its recordsets next waits for that.
+    // Errors in the text as for OpenRecordset(); what else goes wrong is left for the query itself
+    // to meet.
     void readAhead(std::u16string_view query);
 
     // Table names ignore case.
