@@ -86,6 +86,8 @@ void FrmExtension::CommandAjoutExt_Click() {
 
 void FrmExtension::CommandSupprExt_Click() {
     if (!editor_.CommandSupprExt_Click()) return;
+    // Not left to the next button: pressed once more, it would bring back the default list.
+    ui::setFocus(item(FrmExtension_ListExt));
     show();
     listChanged_();
 }

@@ -143,6 +143,8 @@ LRESULT FrmMP3::onNotify(const NMHDR& header) {
         case LVN_GETDISPINFOW:
             tracks_->list().fill(header);
             break;
+        case LVN_ODFINDITEMW:
+            return tracks_->list().find(header);
         case NM_CLICK:
             tracks_->DBList2_Click(player());
             break;

@@ -76,6 +76,7 @@ void FrmInfoCopy::onCommand(int id, int notification) {
 LRESULT FrmInfoCopy::onNotify(const NMHDR& header) {
     if (header.idFrom != FrmInfoCopy_ListInfocopy) return 0;
     if (header.code == LVN_GETDISPINFOW) ListInfocopy_->fill(header);
+    if (header.code == LVN_ODFINDITEMW) return ListInfocopy_->find(header);
     if (const auto row = ListInfocopy_->toggledRow(header)) ListInfocopy_ItemCheck(*row);
     return 0;
 }

@@ -87,6 +87,8 @@ LRESULT FrmInfoRech::onNotify(const NMHDR& header) {
         case LVN_GETDISPINFOW:
             view(*list).fill(header);
             break;
+        case LVN_ODFINDITEMW:
+            return view(*list).find(header);
         case NM_CLICK:
             List_Click(*list);
             break;

@@ -127,6 +127,15 @@ def test_a_deleted_type_is_no_longer_scanned_nor_shown(program):
     wait_for(lambda: main.DBList2.count < listed, "the list without the deleted type's tracks")
 
 
+def test_after_a_deletion_the_list_has_the_focus(dialog):
+    dialog.ListExt.click_item("MP3")
+    dialog.CommandSupprExt.wait(lambda: dialog.CommandSupprExt.enabled, "to be usable")
+    dialog.key("Tab", "Tab", "space")
+    wait_for(lambda: "MP3" not in dialog.ListExt.items(), "the list without MP3")
+    dialog.ListExt.wait(lambda: dialog.ListExt.focused, "to have the focus")
+    assert dialog.ListExt.choice is None and not dialog.CommandSupprExt.enabled
+
+
 def test_fewer_than_ten_types_need_no_paging(program):
     main = program.open()
     dialog = open_types(main)

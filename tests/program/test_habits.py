@@ -78,6 +78,24 @@ def test_arrow_keys_choose_in_both_lists(program):
         wait_for(lambda r=row: main.DBList2.selected == [r], f"row {row} after {key}")
 
 
+def test_letters_lead_to_the_tracks_that_begin_with_them(program, album_folder, tmp_path):
+    for name in ("Adieu", "Été à deux", "Étoile", "Zeste"):
+        (tmp_path / f"{name}.mid").write_bytes(b"MThd" + bytes(200))
+    program.desktop.set_medium("e", tmp_path)
+    main = program.open()
+    add_cd(main, "Lettres")
+    program.desktop.set_medium("e", album_folder)
+    wait_for(lambda: main.DBList2.rows() == ["Adieu", "Été à deux", "Étoile", "Zeste"], "the tracks")
+    main.List1.wait(lambda: main.List1.focused, "to have the focus")
+    main.key("Tab")
+    main.DBList2.wait(lambda: main.DBList2.focused, "to have the focus")
+    program.desktop.type("z")
+    wait_for(lambda: main.DBList2.selected == [3], "the track with Z")
+    program.desktop.type("q")
+    program.desktop.keys("Home")
+    wait_for(lambda: main.DBList2.selected == [0], "the first track")
+
+
 def test_delete_in_the_list_of_media_asks_and_deletes(program):
     main = program.open()
     add_cd(main, "Rock 1")

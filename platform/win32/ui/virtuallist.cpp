@@ -2,6 +2,7 @@
 
 #include <windowsx.h>
 
+#include "base/text.h"
 #include "platform/win32/wide.h"
 
 namespace platform::win32 {
@@ -150,6 +151,21 @@ void VirtualList::fill(const NMHDR& header) {
     if (!(request.item.mask & LVIF_TEXT)) return;
     shown_ = toWide(rowText_(row));
     request.item.pszText = shown_.data();
+}
+
+LRESULT VirtualList::find(const NMHDR& header) const {
+    constexpr LRESULT none = -1;
+    const auto& request = reinterpret_cast<const NMLVFINDITEMW&>(header);
+    if (!(request.lvfi.flags & (LVFI_STRING | LVFI_PARTIAL)) || !request.lvfi.psz) return none;
+    const std::u16string typed = base::upper(fromWide(request.lvfi.psz));
+    const int count = ListView_GetItemCount(list_);
+    const int start = request.iStart > 0 && request.iStart < count ? request.iStart : 0;
+    for (int step = 0; step < count; ++step) {
+        const int row = (start + step) % count;
+        const std::u16string text = rowText_(static_cast<size_t>(row));
+        if (base::upper(std::u16string_view(text).substr(0, typed.size())) == typed) return row;
+    }
+    return none;
 }
 
 }  // namespace platform::win32

@@ -47,6 +47,9 @@ class VirtualList {
 
     // Answers the list's LVN_GETDISPINFO, which the dialog hands on: `header` begins the request.
     void fill(const NMHDR& header);
+    // The answer to the list's LVN_ODFINDITEM, which letters typed in it bring about: the next row
+    // that begins with them, whatever their case; -1 when there is none.
+    LRESULT find(const NMHDR& header) const;
 
   private:
     static LRESULT CALLBACK procedure(HWND, UINT, WPARAM, LPARAM, UINT_PTR, DWORD_PTR);
