@@ -375,15 +375,3 @@ def test_stored_sizes_that_make_no_sense_give_a_usable_window(catalogued, deskto
         assert left >= -4 and top >= -4 and right <= 1284 and bottom <= 1004
         assert in_order(results)
         close(results)
-
-
-def test_the_lists_have_the_look_of_the_main_list(catalogued, desktop):
-    with Program(desktop, files=catalogued) as program:
-        settings.change(program.settings, FontSize=16, BackColor=0xC0F0FF)
-        results = search(program.open())
-        for view in (results.List1, results.List2):
-            left, _, right, bottom = view.rect
-            shown = desktop.colours((left + 4, bottom - 40, right - 4, bottom - 4))
-            assert shown == {(255, 240, 192): 1.0}
-            assert view.item_height() > 20
-        close(results)

@@ -38,18 +38,6 @@ def test_the_size_is_kept_for_the_next_run(desktop, target):
         check_kept_size(program, begin_copy, cancel, (4, 5, 6))
 
 
-def test_the_list_has_the_look_of_the_main_list(desktop, target):
-    with Program(desktop) as program:
-        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies",
-                        FontSize=16, BackColor=0xC0F0FF)
-        window = begin_copy(program.open())
-        left, _, right, bottom = window.ListInfocopy.rect
-        shown = desktop.colours((left + 30, bottom - 20, right - 30, bottom - 4))
-        assert shown == {(255, 240, 192): 1.0}
-        assert window.ListInfocopy.item_height() > 20
-        cancel(window)
-
-
 @pytest.mark.parametrize("stored, size", settings.ABSURD_RUN_SIZES)
 def test_stored_sizes_that_make_no_sense_give_a_usable_window(desktop, target, stored, size):
     height, width, state = stored
