@@ -27,17 +27,13 @@ std::optional<uint64_t> sizeOf(const std::wstring& path) {
     return (static_cast<uint64_t>(data.nFileSizeHigh) << 32) | data.nFileSizeLow;
 }
 
-std::u16string_view folderOf(std::u16string_view path) {
-    return path.substr(0, path.rfind(u'\\') + 1);
-}
-
 }  // namespace
 
 BackgroundCopy::BackgroundCopy(SystemCopy systemCopy, std::u16string_view source,
-                               std::u16string_view target, int number)
+                               std::u16string_view folder, uint32_t number)
     : systemCopy_(systemCopy),
       source_(source),
-      scratch_(target, number),
+      scratch_(folder, number),
       sourcePath_(extendedPath(source)),
       scratchPath_(extendedPath(scratch_.path())) {}
 
@@ -46,16 +42,14 @@ uint64_t BackgroundCopy::done() const {
     return reports_ ? done_.load() : sizeOf(scratchPath_).value_or(0);
 }
 
-bool BackgroundCopy::isOf(std::u16string_view source, std::u16string_view target) const {
-    return source_ == source && folderOf(scratch_.path()) == folderOf(target);
-}
-
 DWORD BackgroundCopy::copy() {
-    const DWORD error = copyOnce();
+    DWORD error = copyOnce();
     if (error != ERROR_FILE_EXISTS) return error;
     // A killed program has left it.
     scratch_.remove();
-    return copyOnce();
+    error = copyOnce();
+    // That name is not the one the caller could choose another for.
+    return error == ERROR_FILE_EXISTS ? ERROR_ACCESS_DENIED : error;
 }
 
 DWORD BackgroundCopy::copyOnce() {
@@ -66,7 +60,8 @@ DWORD BackgroundCopy::copyOnce() {
         return GetLastError();
     }
     // Not every system tells when the source could only be read in part.
-    return sizeOf(scratchPath_) == size ? ERROR_SUCCESS : ERROR_READ_FAULT;
+    if (sizeOf(scratchPath_) != size) return ERROR_READ_FAULT;
+    return scratch_.open();
 }
 
 DWORD CALLBACK BackgroundCopy::onProgress(LARGE_INTEGER, LARGE_INTEGER done, LARGE_INTEGER,

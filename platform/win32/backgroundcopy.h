@@ -1,4 +1,4 @@
-// One copy by the system, beside its place until it is given its name.
+// One copy by the system, under a name of its own until it is given its final one.
 #pragma once
 
 #include <windows.h>
@@ -19,9 +19,10 @@ using SystemCopy = decltype(&CopyFileExW);
 // of it goes with the object unless it was given its name.
 class BackgroundCopy {
   public:
-    // `target` only tells the folder, where no other copy under way may have this `number`.
-    BackgroundCopy(SystemCopy systemCopy, std::u16string_view source, std::u16string_view target,
-                   int number);
+    // It is made in `folder` (with its backslash), where no other one under way may have this
+    // `number`.
+    BackgroundCopy(SystemCopy systemCopy, std::u16string_view source, std::u16string_view folder,
+                   uint32_t number);
     BackgroundCopy(const BackgroundCopy&) = delete;
     BackgroundCopy& operator=(const BackgroundCopy&) = delete;
 
@@ -33,11 +34,11 @@ class BackgroundCopy {
 
     // These are for the time after the end. The system's error, ERROR_SUCCESS for none.
     DWORD error() const { return error_; }
-    // Gives the copy its name, which must be free; after an end without error. Throws systemError.
+    // Gives the copy its name on the same drive, which must be free; after an end without error.
+    // Throws systemError.
     void moveTo(std::u16string_view target) { scratch_.moveTo(target); }
 
-    // Whether it is a copy of `source` that lies in the folder of `target`.
-    bool isOf(std::u16string_view source, std::u16string_view target) const;
+    const std::u16string& source() const { return source_; }
 
   private:
     static DWORD CALLBACK onProgress(LARGE_INTEGER size, LARGE_INTEGER done, LARGE_INTEGER,

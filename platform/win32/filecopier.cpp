@@ -4,9 +4,9 @@
 
 #include <string>
 
+#include "platform/win32/abandonedscratch.h"
 #include "platform/win32/handle.h"
 #include "platform/win32/path.h"
-#include "platform/win32/scratchfile.h"
 #include "platform/win32/systemerror.h"
 
 namespace platform::win32 {
@@ -29,12 +29,10 @@ bool Win32FileCopier::opens(std::u16string_view path) {
     }
 }
 
-void Win32FileCopier::copy(const CopySource& source, std::u16string_view target,
-                           std::span<const CopySource> next, const CopyProgress& progress) {
-    const std::u16string_view folder = target.substr(0, target.rfind(u'\\') + 1);
-    if (folder != folder_) removeAbandonedScratch(folder);
-    folder_ = folder;
-    if (!queue_) queue_.emplace(systemCopy_);
+void Win32FileCopier::copy(std::u16string_view source, std::u16string_view target,
+                           std::span<const std::u16string_view> next,
+                           const CopyProgress& progress) {
+    turnTo(folderOf(target));
     try {
         copied(source, target, next, progress)->moveTo(target);
     } catch (...) {
@@ -46,8 +44,17 @@ void Win32FileCopier::copy(const CopySource& source, std::u16string_view target,
 
 void Win32FileCopier::endCopies() {
     queue_.reset();
-    folder_.clear();
+    scratch_.reset();
     names_.forget();
+}
+
+void Win32FileCopier::turnTo(std::u16string_view folder) {
+    if (!queue_) queue_.emplace(systemCopy_);
+    if (scratch_ && scratch_->target() == folder) return;
+    queue_->clear();
+    scratch_.reset();
+    removeAbandonedScratch(folder);
+    scratch_.emplace(folder);
 }
 
 std::unique_ptr<BackgroundCopy> Win32FileCopier::firstEnded(const CopyProgress& progress) {
@@ -56,30 +63,29 @@ std::unique_ptr<BackgroundCopy> Win32FileCopier::firstEnded(const CopyProgress& 
     return queue_->takeFirst();
 }
 
-void Win32FileCopier::addMissing(std::span<const CopySource> next, std::u16string_view target) {
-    // Several at once, so that the threads need not be woken for each.
+void Win32FileCopier::addMissing(std::span<const std::u16string_view> next) {
+    // Several at once, so that the thread need not be woken for each.
     if (queue_->size() > FileCopier::kMostAhead / 2) return;
-    for (const CopySource& follower : next) {
-        if (!queue_->holds(follower.path, target)) queue_->add(follower, target);
+    for (const std::u16string_view follower : next) {
+        if (!queue_->holds(follower)) queue_->add(follower, scratch_->path());
     }
 }
 
-std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(const CopySource& source,
+std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(std::u16string_view source,
                                                         std::u16string_view target,
-                                                        std::span<const CopySource> next,
+                                                        std::span<const std::u16string_view> next,
                                                         const CopyProgress& progress) {
-    for (bool ahead = queue_->startsWith(source.path, target);; ahead = false) {
+    for (bool ahead = queue_->startsWith(source);; ahead = false) {
         if (!ahead) {
             queue_->clear();
-            queue_->add(source, target);
+            queue_->add(source, scratch_->path());
         }
-        addMissing(next, target);
+        addMissing(next);
         std::unique_ptr<BackgroundCopy> copy = firstEnded(progress);
         if (copy->error() == ERROR_SUCCESS) return copy;
         // What failed ahead of its time may succeed in its turn.
         if (ahead) continue;
-        throw systemError(copy->error(),
-                          std::u16string(source.path) + u" → " + std::u16string(target));
+        throw systemError(copy->error(), std::u16string(source) + u" → " + std::u16string(target));
     }
 }
 

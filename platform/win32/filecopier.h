@@ -3,11 +3,12 @@
 
 #include <memory>
 #include <optional>
-#include <string>
+#include <string_view>
 
 #include "platform/filecopier.h"
 #include "platform/win32/copyqueue.h"
 #include "platform/win32/foldernames.h"
+#include "platform/win32/scratchfolder.h"
 
 namespace platform::win32 {
 
@@ -17,22 +18,25 @@ class Win32FileCopier : public FileCopier {
 
     void createFolder(std::u16string_view path) override;
     bool opens(std::u16string_view path) override;
-    void copy(const CopySource& source, std::u16string_view target,
-              std::span<const CopySource> next, const CopyProgress& progress) override;
+    void copy(std::u16string_view source, std::u16string_view target,
+              std::span<const std::u16string_view> next, const CopyProgress& progress) override;
     void endCopies() override;
 
   private:
+    // Makes ready for copies to `folder`; those ahead for another one go.
+    void turnTo(std::u16string_view folder);
     // Sees the first copy of the queue to its end, and hands it out.
     std::unique_ptr<BackgroundCopy> firstEnded(const CopyProgress& progress);
     // Adds those of the next files that are not in the queue, once it is half empty.
-    void addMissing(std::span<const CopySource> next, std::u16string_view target);
-    std::unique_ptr<BackgroundCopy> copied(const CopySource& source, std::u16string_view target,
-                                           std::span<const CopySource> next,
+    void addMissing(std::span<const std::u16string_view> next);
+    std::unique_ptr<BackgroundCopy> copied(std::u16string_view source, std::u16string_view target,
+                                           std::span<const std::u16string_view> next,
                                            const CopyProgress& progress);
 
     const SystemCopy systemCopy_;
-    std::optional<CopyQueue> queue_;  // as long as a row of copies goes on
-    std::u16string folder_;           // the one copied to last in the row, as far as its backslash
+    // As long as a row of copies goes on; the folder is that of the target copied to last.
+    std::optional<ScratchFolder> scratch_;
+    std::optional<CopyQueue> queue_;
     FolderNames names_;
 };
 

@@ -125,7 +125,7 @@ std::u16string Win32FileSystem::folderIdentity(std::u16string_view path) {
 }
 
 void Win32FileSystem::replaceFile(std::u16string_view path, std::string_view bytes) {
-    ScratchFile scratch(path);
+    ScratchFile scratch(folderOf(path), 0);
     scratch.remove();
     try {
         RawFile file(scratch.path(), GENERIC_WRITE, kNoShare, CREATE_NEW, 0);

@@ -3,16 +3,13 @@
 #include "base/error.h"
 #include "base/text.h"
 #include "platform/win32/filesystem.h"
+#include "platform/win32/path.h"
 
 namespace platform::win32 {
 namespace {
 
-size_t folderLength(std::u16string_view path) {
-    return path.rfind(u'\\') + 1;
-}
-
 std::u16string nameKey(std::u16string_view path) {
-    return base::upper(path.substr(folderLength(path)));
+    return base::upper(path.substr(folderOf(path).size()));
 }
 
 }  // namespace
@@ -23,7 +20,7 @@ bool FolderNames::mayHold(std::u16string_view path) {
 }
 
 void FolderNames::add(std::u16string_view path) {
-    if (path.substr(0, folderLength(path)) == folder_) names_.insert(nameKey(path));
+    if (folderOf(path) == folder_) names_.insert(nameKey(path));
 }
 
 void FolderNames::forget() {
@@ -33,7 +30,7 @@ void FolderNames::forget() {
 }
 
 void FolderNames::look(std::u16string_view path) {
-    const std::u16string_view folder = path.substr(0, folderLength(path));
+    const std::u16string_view folder = folderOf(path);
     if (!folder_.empty() && folder == folder_) return;
     forget();
     folder_ = folder;

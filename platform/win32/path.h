@@ -12,4 +12,9 @@ namespace platform::win32 {
 // backslashes, slashes, "." or "..") is made so by the system first.
 std::wstring extendedPath(std::u16string_view path);
 
+// What `path` begins with, as far as its last backslash; nothing when it has none.
+constexpr std::u16string_view folderOf(std::u16string_view path) {
+    return path.substr(0, path.rfind(u'\\') + 1);
+}
+
 }  // namespace platform::win32

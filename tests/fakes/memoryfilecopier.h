@@ -31,8 +31,6 @@ class MemoryFileCopier : public platform::FileCopier {
     // The files announced with every copy that succeeded.
     using Paths = std::vector<std::u16string>;
     const std::vector<Paths>& announced() const { return announced_; }
-    // The size told of the source of every copy that succeeded, bytes.
-    const std::vector<uint64_t>& sizes() const { return sizes_; }
     // How many rows of copies have ended.
     int rowsEnded() const { return rowsEnded_; }
 
@@ -44,8 +42,8 @@ class MemoryFileCopier : public platform::FileCopier {
         createdFolders_.emplace_back(path);
     }
     bool opens(std::u16string_view path) override { return files_.content(path).has_value(); }
-    void copy(const platform::CopySource& source, std::u16string_view target,
-              std::span<const platform::CopySource> next,
+    void copy(std::u16string_view source, std::u16string_view target,
+              std::span<const std::u16string_view> next,
               const platform::CopyProgress& progress) override {
         if (beforeCopy_) std::exchange(beforeCopy_, nullptr)();
         if (!failures_.empty()) {
@@ -53,7 +51,7 @@ class MemoryFileCopier : public platform::FileCopier {
             failures_.pop_front();
             throw error;
         }
-        const auto bytes = files_.content(source.path);
+        const auto bytes = files_.content(source);
         if (!bytes) throw base::Error(base::ErrorNumber::FileNotFound, u"Fichier introuvable.");
         requireFolderOf(target);
         progress(bytes->size() / 2);
@@ -61,11 +59,10 @@ class MemoryFileCopier : public platform::FileCopier {
         if (files_.exists(target))
             throw base::Error(base::ErrorNumber::FileAlreadyExists, u"Le fichier existe déjà.");
         files_.addFile(target, *bytes);
-        copied_.emplace_back(source.path, target);
-        sizes_.push_back(source.size);
+        copied_.emplace_back(source, target);
         Paths& announced = announced_.emplace_back();
-        for (const platform::CopySource& follower : next)
-            announced.emplace_back(follower.path);
+        for (const std::u16string_view follower : next)
+            announced.emplace_back(follower);
     }
     void endCopies() override { ++rowsEnded_; }
 
@@ -81,7 +78,6 @@ class MemoryFileCopier : public platform::FileCopier {
     std::vector<Copied> copied_;
     std::vector<std::u16string> createdFolders_;
     std::vector<Paths> announced_;
-    std::vector<uint64_t> sizes_;
     int rowsEnded_ = 0;
 };
 

@@ -313,14 +313,6 @@ TEST_F(CopyingTest, AnnouncesNoMoreBytesThanAStopCanWaitFor) {
             {u"E:\\2.mid", u"E:\\3.mid"}, {u"E:\\3.mid", u"E:\\4.mid"}, {u"E:\\4.mid"}, {}, {}}));
 }
 
-TEST_F(CopyingTest, TellsTheSizeThatEachFileHadWhenItWasRead) {
-    addListed(u"Un", u"E:\\1.mid", true, 1000);
-    addListed(u"Deux", u"E:\\2.mid", true, 2000);
-    files.addFile(u"E:\\1.mid", "shorter");
-    copyAll();
-    EXPECT_EQ(copier.sizes(), (std::vector<uint64_t>{1000, 2000}));
-}
-
 TEST_F(CopyingTest, EndsItsRowOfCopiesBeforeTheUserSeesItsEnd) {
     addListed(u"Un", u"E:\\1.mid");
     window.whileWaiting.push_back([this] {

@@ -9,14 +9,17 @@
 #include <string>
 #include <vector>
 
+#include "platform/scratchname.h"
+#include "platform/win32/path.h"
 #include "platform/win32/wide.h"
 #include "tests/platform/win32/tempfolder.h"
 
 namespace platform::win32 {
 namespace {
 
-constexpr uint64_t kLarge = uint64_t{1} << 20;
 constexpr ULONGLONG kDeadline = 60'000;
+// More than a queue uses.
+constexpr uint32_t kMostNumbers = 100;
 
 // What the system's call is seen to do, by the names of the sources. A copy goes on until it is let
 // go; all functions may be called on any thread.
@@ -79,9 +82,9 @@ class CopyQueueTest : public testing::Test {
         return CopyFileExW(source, target, progress, data, cancel, flags);
     }
 
-    void add(std::u16string_view name, uint64_t size) {
+    void add(std::u16string_view name) {
         added_.emplace_back(name);
-        queue_.add({.path = folder_.write(name, "content"), .size = size}, folder_.file(u"x"));
+        queue_.add(folder_.write(name, "content"), folder_.path() + u"\\");
     }
     template <class Condition>
     void waitFor(Condition condition, const char* what) {
@@ -94,11 +97,13 @@ class CopyQueueTest : public testing::Test {
     void waitForUnderWay(const Names& names) {
         waitFor([&] { return copies_->underWay() == names; }, "the copies under way");
     }
-    // The first copy of the queue goes, which is that of `name`.
-    void take(std::u16string_view name) {
+    // The first copy of the queue goes, which is that of `name`; gives its error.
+    DWORD take(std::u16string_view name) {
         copies_->letGo(std::u16string(name));
         waitFor([&] { return queue_.waitForFirst(); }, "the end of the first copy");
-        EXPECT_TRUE(queue_.takeFirst()->isOf(folder_.file(name), folder_.file(u"x")));
+        const auto copy = queue_.takeFirst();
+        EXPECT_EQ(copy->source(), folder_.file(name));
+        return copy->error();
     }
 
     // The system's call knows of no test, so this stands beside it.
@@ -108,60 +113,60 @@ class CopyQueueTest : public testing::Test {
     CopyQueue queue_{copyWhenLetGo};
 };
 
-TEST_F(CopyQueueTest, CopiesTwoSmallFilesSideBySideAndNoMore) {
+TEST_F(CopyQueueTest, CopiesOneFileAfterTheOtherWithoutTheOwner) {
     for (const char16_t* name : {u"a", u"b", u"c"})
-        add(name, 1000);
-    waitForUnderWay({u"a", u"b"});
-    take(u"a");
-    waitForUnderWay({u"b", u"c"});
+        add(name);
+    waitForUnderWay({u"a"});
+    copies_->letGo(u"a");
+    waitForUnderWay({u"b"});
+    EXPECT_EQ(copies_->begun(), (Names{u"a", u"b"}));
 }
 
 TEST_F(CopyQueueTest, HandsThemOutInTheirOrder) {
     for (const char16_t* name : {u"a", u"b", u"c"})
-        add(name, 1000);
+        add(name);
     copies_->letGo(u"b");
-    waitForUnderWay({u"a", u"c"});
     EXPECT_FALSE(queue_.waitForFirst());
-    take(u"a");
-    take(u"b");
-    take(u"c");
+    for (const char16_t* name : {u"a", u"b", u"c"})
+        EXPECT_EQ(take(name), DWORD{ERROR_SUCCESS});
 }
 
-TEST_F(CopyQueueTest, NothingBeginsBesideALargeFile) {
-    add(u"a", kLarge);
-    waitForUnderWay({u"a"});
-    add(u"b", 1000);
-    add(u"c", 1000);
-    // Until the window may wait no longer, nothing else has begun.
-    EXPECT_FALSE(queue_.waitForFirst());
-    EXPECT_EQ(copies_->begun(), Names{u"a"});
-    take(u"a");
-    waitForUnderWay({u"b", u"c"});
-}
-
-TEST_F(CopyQueueTest, ALargeFileWaitsForTheSmallOnes) {
-    add(u"a", 1000);
-    add(u"b", kLarge);
-    add(u"c", 1000);
-    waitForUnderWay({u"a"});
-    EXPECT_FALSE(queue_.waitForFirst());
-    EXPECT_EQ(copies_->begun(), Names{u"a"});
-    take(u"a");
+TEST_F(CopyQueueTest, HandsOutTheFirstWhileALaterOneGoesOn) {
+    for (const char16_t* name : {u"a", u"b", u"c", u"d"})
+        add(name);
+    EXPECT_EQ(take(u"a"), DWORD{ERROR_SUCCESS});
     waitForUnderWay({u"b"});
-    take(u"b");
-    take(u"c");
+    EXPECT_EQ(queue_.size(), 3U);
 }
 
 TEST_F(CopyQueueTest, ClearingEndsWhatIsUnderWayAndForgetsTheRest) {
     for (const char16_t* name : {u"a", u"b", u"c"})
-        add(name, 1000);
-    waitForUnderWay({u"a", u"b"});
+        add(name);
+    copies_->letGo(u"a");
+    waitForUnderWay({u"b"});
     queue_.clear();
     EXPECT_EQ(copies_->begun().size(), 2U);
     EXPECT_EQ(testing_win32::names(folder_.path()), (Names{u"a", u"b", u"c"}));
-    EXPECT_FALSE(queue_.holds(folder_.file(u"a"), folder_.file(u"x")));
-    add(u"d", 1000);
-    take(u"d");
+    EXPECT_FALSE(queue_.holds(folder_.file(u"a")));
+    add(u"d");
+    EXPECT_EQ(take(u"d"), DWORD{ERROR_SUCCESS});
+}
+
+TEST_F(CopyQueueTest, CopiesOverWhatAKilledProgramLeft) {
+    for (uint32_t number = 1; number <= kMostNumbers; ++number) {
+        const std::u16string left =
+            folder_.write(scratchName(GetCurrentProcessId(), number), "half a file");
+        SetFileAttributesW(extendedPath(left).c_str(), FILE_ATTRIBUTE_READONLY);
+    }
+    add(u"a");
+    EXPECT_EQ(take(u"a"), DWORD{ERROR_SUCCESS});
+}
+
+TEST_F(CopyQueueTest, NoOtherNameIsAskedForWhereTheOneUnderWayIsTaken) {
+    for (uint32_t number = 1; number <= kMostNumbers; ++number)
+        folder_.folder(scratchName(GetCurrentProcessId(), number));
+    add(u"a");
+    EXPECT_EQ(take(u"a"), DWORD{ERROR_ACCESS_DENIED});
 }
 
 }  // namespace

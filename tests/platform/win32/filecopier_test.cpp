@@ -12,7 +12,6 @@
 
 #include "base/error.h"
 #include "base/number.h"
-#include "base/text.h"
 #include "platform/scratchname.h"
 #include "platform/win32/path.h"
 #include "platform/win32/rawfile.h"
@@ -27,17 +26,19 @@ using base::ErrorNumber;
 class FileCopierTest : public testing::Test {
   protected:
     std::u16string path(std::u16string_view name) const { return folder_.file(name); }
-    size_t filesInFolder() const { return testing_win32::names(folder_.path()).size(); }
+    size_t filesInFolder() { return names().size(); }
     void copy(std::u16string_view source, std::u16string_view target,
               std::initializer_list<std::u16string_view> next = {}) {
-        std::vector<CopySource> sources;
-        for (const std::u16string_view follower : next)
-            sources.push_back({.path = follower});
-        copier_.copy({.path = source}, target, sources, ignore);
+        copier_.copy(source, target, next, ignore);
     }
     static void ignore(uint64_t /*done*/) {}
     using Names = std::vector<std::u16string>;
-    Names names() const { return testing_win32::names(folder_.path()); }
+    // What there is in the end.
+    Names names() {
+        copier_.endCopies();
+        return testing_win32::names(folder_.path());
+    }
+    static std::u16string underWay() { return scratchName(GetCurrentProcessId(), 1); }
     // A file that takes longer to copy than a window may wait; all zeros.
     std::u16string writeLong(std::u16string_view name) const {
         const std::u16string file = folder_.write(name, "");
@@ -47,9 +48,9 @@ class FileCopierTest : public testing::Test {
     // Waits for a file under way with this content.
     void waitUntilAhead(std::string_view content) const {
         const auto isAhead = [&] {
-            const Names all = names();
+            const Names all = testing_win32::names(path(underWay()));
             return std::ranges::any_of(all, [&](const std::u16string& name) {
-                return name.starts_with(u"~") && testing_win32::content(path(name)) == content;
+                return testing_win32::content(path(underWay() + u"\\" + name)) == content;
             });
         };
         const ULONGLONG deadline = GetTickCount64() + 60'000;
@@ -123,7 +124,14 @@ TEST_F(FileCopierTest, LeavesNothingOfACopyThatFails) {
     EXPECT_EQ(numberOf([&] { copy(path(u"missing.mp3"), path(u"b.mp3")); }),
               ErrorNumber::FileNotFound);
     const std::u16string source = folder_.write(u"a.mp3", "new");
-    EXPECT_EQ(numberOf([&] { copy(source, path(u"none\\b.mp3")); }), ErrorNumber::PathNotFound);
+    const std::u16string nowhere = path(u"none\\b.mp3");
+    try {
+        copy(source, nowhere);
+        ADD_FAILURE() << "no error";
+    } catch (const base::Error& error) {
+        EXPECT_EQ(error.number(), ErrorNumber::PathNotFound);
+        EXPECT_EQ(error.place(), source + u" → " + nowhere);
+    }
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
@@ -131,7 +139,7 @@ TEST_F(FileCopierTest, LeavesNothingOfACopyThatIsStopped) {
     struct Stop {};
     const std::u16string source = writeLong(u"a.wav");
     const auto stop = [](uint64_t) { throw Stop(); };
-    EXPECT_THROW(copier_.copy({.path = source, .size = kLong}, path(u"b.wav"), {}, stop), Stop);
+    EXPECT_THROW(copier_.copy(source, path(u"b.wav"), {}, stop), Stop);
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
@@ -140,7 +148,7 @@ TEST_F(FileCopierTest, ReportsOnTheCallingThreadHowFarItIs) {
     const DWORD caller = GetCurrentThreadId();
     uint64_t last = 0;
     int reports = 0;
-    copier_.copy({.path = source, .size = kLong}, path(u"b.wav"), {}, [&](uint64_t done) {
+    copier_.copy(source, path(u"b.wav"), {}, [&](uint64_t done) {
         EXPECT_EQ(GetCurrentThreadId(), caller);
         EXPECT_GE(done, last);
         EXPECT_LE(done, kLong);
@@ -164,20 +172,19 @@ TEST_F(FileCopierTest, ReadsTheNextFileAhead) {
 }
 
 TEST_F(FileCopierTest, ReadsARowOfFilesAhead) {
-    constexpr int files = 50;
+    constexpr int files = 100;
     std::vector<std::u16string> sources;
     for (int number = 0; number < files; ++number)
         sources.push_back(
             folder_.write(base::strNumber(number) + u".mid", randomBytes(size_t{1000} + number)));
     const std::u16string target = folder_.folder(u"Cible");
-    std::vector<CopySource> row;
-    for (const std::u16string& source : sources)
-        row.push_back({.path = source, .size = 1000});
+    const std::vector<std::u16string_view> row(sources.begin(), sources.end());
     for (size_t index = 0; index < row.size(); ++index) {
         const auto next = std::span(row).subspan(index + 1);
         copier_.copy(row[index], target + sources[index].substr(sources[index].rfind(u'\\')),
                      next.first(std::min(next.size(), FileCopier::kMostAhead)), ignore);
     }
+    copier_.endCopies();
     ASSERT_EQ(testing_win32::names(target).size(), size_t{files});
     for (int number = 0; number < files; ++number) {
         EXPECT_EQ(testing_win32::content(target + u"\\" + base::strNumber(number) + u".mid"),
@@ -192,7 +199,6 @@ TEST_F(FileCopierTest, WhatWasReadAheadInVainGoes) {
     copy(first, path(u"x.mp3"), {second});
     copy(third, path(u"y.mp3"), {second});
     EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "third");
-    copier_.endCopies();
     EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"c.mp3", u"x.mp3", u"y.mp3"}));
 }
 
@@ -205,7 +211,8 @@ TEST_F(FileCopierTest, WhatWasReadAheadForOneFolderDoesNotGoToAnother) {
     folder_.write(u"b.mp3", "changed");
     copy(second, other + u"\\y.mp3");
     EXPECT_EQ(testing_win32::content(other + u"\\y.mp3"), "changed");
-    EXPECT_EQ(names(), (Names{u"Autre", u"a.mp3", u"b.mp3", u"x.mp3"}));
+    EXPECT_EQ(testing_win32::names(folder_.path()),
+              (Names{u"Autre", u"a.mp3", u"b.mp3", u"x.mp3"}));
 }
 
 TEST_F(FileCopierTest, WhatFailedAheadMaySucceedInItsTurn) {
@@ -243,11 +250,12 @@ TEST_F(FileCopierTest, ACopyOfAnotherLengthThanItsSourceFails) {
     const std::u16string next = folder_.write(u"b.mp3", "next");
     for (const SystemCopy systemCopy : {&copyTheFirstByte, &copyWithAByteMore}) {
         Win32FileCopier copier(systemCopy);
-        const std::vector<CopySource> ahead{{.path = next, .size = 4}};
-        EXPECT_EQ(numberOf([&] { copier.copy({.path = source}, path(u"x.mp3"), ahead, ignore); }),
+        const std::vector<std::u16string_view> ahead{next};
+        EXPECT_EQ(numberOf([&] { copier.copy(source, path(u"x.mp3"), ahead, ignore); }),
                   ErrorNumber::DeviceIo);
         EXPECT_EQ(numberOf([&] { copier.copy(ahead.front(), path(u"y.mp3"), {}, ignore); }),
                   ErrorNumber::DeviceIo);
+        copier.endCopies();
         EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3"}));
     }
 }
@@ -255,8 +263,9 @@ TEST_F(FileCopierTest, ACopyOfAnotherLengthThanItsSourceFails) {
 TEST_F(FileCopierTest, AnEmptyFileIsWholeWhenItsCopyIsEmpty) {
     const std::u16string source = folder_.write(u"a.mp3", "");
     Win32FileCopier copier(copyTheFirstByte);
-    EXPECT_EQ(numberOf([&] { copier.copy({.path = source}, path(u"x.mp3"), {}, ignore); }),
+    EXPECT_EQ(numberOf([&] { copier.copy(source, path(u"x.mp3"), {}, ignore); }),
               ErrorNumber::DeviceIo);
+    copier.endCopies();
     copy(source, path(u"x.mp3"));
     EXPECT_EQ(names(), (Names{u"a.mp3", u"x.mp3"}));
 }
@@ -270,44 +279,43 @@ TEST_F(FileCopierTest, CopiesReadOnlyFiles) {
     EXPECT_EQ(filesInFolder(), 2U);
 }
 
-TEST_F(FileCopierTest, CopiesOverWhatAKilledProgramLeft) {
-    const std::u16string number = base::trim(base::strNumber(GetCurrentProcessId()));
-    for (const char16_t* end : {u"-1.tmp", u"-2.tmp"}) {
-        const std::u16string left = folder_.write(u"~Brivantole" + number + end, "half a file");
-        SetFileAttributesW(extendedPath(left).c_str(), FILE_ATTRIBUTE_READONLY);
-    }
-    const std::u16string first = folder_.write(u"a.mp3", "new");
-    const std::u16string second = folder_.write(u"b.mp3", "newer");
-    copy(first, path(u"x.mp3"), {second});
-    copy(second, path(u"y.mp3"));
-    EXPECT_EQ(testing_win32::content(path(u"x.mp3")), "new");
-    EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "newer");
-    EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3"}));
+TEST_F(FileCopierTest, FilesUnderWayLieInAFolderOfTheirOwn) {
+    const std::u16string first = folder_.write(u"a.mp3", "first");
+    const std::u16string second = folder_.write(u"b.mp3", "second");
+    const std::u16string target = folder_.folder(u"Cible");
+    copy(first, target + u"\\x.mp3", {second});
+    EXPECT_EQ(testing_win32::names(target), (Names{u"x.mp3", underWay()}));
+    copy(second, target + u"\\y.mp3");
+    EXPECT_TRUE(testing_win32::names(target + u"\\" + underWay()).empty());
+    copier_.endCopies();
+    EXPECT_EQ(testing_win32::names(target), (Names{u"x.mp3", u"y.mp3"}));
 }
 
-TEST_F(FileCopierTest, RemovesWhatEndedProgramsLeftUnderWay) {
+TEST_F(FileCopierTest, CopiesWhereThereIsNoFolderForThoseUnderWay) {
+    const std::u16string first = folder_.write(u"a.mp3", "first");
+    const std::u16string second = folder_.write(u"b.mp3", "second");
+    folder_.folder(underWay());
+    const std::u16string inner = folder_.write(underWay() + u"\\à moi.txt", "mine");
+    copy(first, path(u"x.mp3"), {second});
+    copy(second, path(u"y.mp3"));
+    copy(first, path(u"z.mp3"), {second});
+    copier_.endCopies();
+    EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "second");
+    EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3", u"z.mp3", underWay()}));
+    EXPECT_EQ(testing_win32::content(inner), "mine");
+}
+
+TEST_F(FileCopierTest, ClearsAwayWhatEndedProgramsLeftInEachFolder) {
     // No process has a number that is no multiple of four, let alone this one.
-    constexpr uint32_t ended = 4'000'000'001;
-    for (const uint32_t number : {0U, 1U, 400U})
-        folder_.write(scratchName(ended, number), "half a file");
-    const std::u16string readOnly = folder_.write(scratchName(ended, 7), "half a file");
-    SetFileAttributesW(extendedPath(readOnly).c_str(), FILE_ATTRIBUTE_READONLY);
-    const std::u16string elsewhere = folder_.folder(u"Autre");
-    const std::u16string other = folder_.write(u"Autre\\" + scratchName(ended, 0), "elsewhere");
-    const Names stay{scratchName(GetCurrentProcessId(), 400), u"~Brivantole12.tmp.mp3",
-                     u"~Brivantole4000000001-0.tmp", u"~brivantole4000000001x.tmp"};
-    for (const std::u16string& name : stay)
-        folder_.write(name, "mine");
-    folder_.folder(scratchName(ended, 8));
-    copy(folder_.write(u"a.mp3", "content"), path(u"b.mp3"));
-    Names left = names();
-    for (const std::u16string& name : stay)
-        EXPECT_EQ(std::erase(left, name), 1U);
-    EXPECT_EQ(std::erase(left, scratchName(ended, 8)), 1U);
-    EXPECT_EQ(left, (Names{u"Autre", u"a.mp3", u"b.mp3"}));
-    EXPECT_EQ(testing_win32::content(other), "elsewhere");
-    copy(path(u"a.mp3"), elsewhere + u"\\b.mp3");
-    EXPECT_EQ(testing_win32::names(elsewhere), Names{u"b.mp3"});
+    const std::u16string left = scratchName(4'000'000'001, 1);
+    const std::u16string source = folder_.write(u"a.mp3", "content");
+    for (const char16_t* name : {u"Un", u"Deux"}) {
+        const std::u16string target = folder_.folder(name);
+        folder_.folder(std::u16string(name) + u"\\" + left);
+        copy(source, target + u"\\b.mp3");
+        EXPECT_EQ(testing_win32::names(target), (Names{u"b.mp3", underWay()}));
+    }
+    EXPECT_EQ(testing_win32::names(path(u"Un")), Names{u"b.mp3"});
 }
 
 TEST_F(FileCopierTest, WorksBeyondTheShortPathLimit) {

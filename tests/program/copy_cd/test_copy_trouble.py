@@ -28,6 +28,7 @@ def test_a_disc_taken_out_during_the_copy_keeps_what_is_whole(main, target, long
     box.answer("OK")
     main.program.wait_gone("FrmInfoCopy")
     assert [path.name for path in target.rglob("*") if path.is_file()] == ["gros.wav"]
+    assert not list(target.rglob("~*"))
     assert (target / "gros.wav").stat().st_size == 1 << 30
 
 
@@ -67,11 +68,13 @@ def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_medium
         assert not (target / "gros.wav").exists()
         # What it was about to become lies there until the next copy into that folder.
         left, = target.iterdir()
-        assert left.name.startswith("~Brivantole")
+        assert left.name.startswith("~Brivantole") and left.is_dir()
+        assert all(path.name.startswith("~Brivantole") for path in left.iterdir())
         (target / "~Brivantole.tmp").write_bytes(b"somebody's own")
         desktop.set_medium("e", album_folder)
         finish_copy(begin_copy(program.open()))
     assert files(target) == {**MUSIC, "~Brivantole.tmp": b"somebody's own"}
+    assert not left.exists()
 
 
 def test_markers_that_an_older_run_left_go_and_count_for_nothing(desktop, target, tmp_path):
