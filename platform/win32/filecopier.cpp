@@ -10,6 +10,13 @@
 #include "platform/win32/systemerror.h"
 
 namespace platform::win32 {
+namespace {
+
+// From here on a folder for the files under way costs less than it saves, even if only a few more
+// are to come.
+constexpr size_t kManyNames = 64;
+
+}  // namespace
 
 void Win32FileCopier::createFolder(std::u16string_view path) {
     if (!CreateDirectoryW(extendedPath(path).c_str(), nullptr)) {
@@ -57,6 +64,11 @@ void Win32FileCopier::turnTo(std::u16string_view folder) {
     scratch_.emplace(folder);
 }
 
+void Win32FileCopier::add(std::u16string_view source) {
+    if (names_.count() >= kManyNames) scratch_->make();
+    queue_->add(source, scratch_->path());
+}
+
 std::unique_ptr<BackgroundCopy> Win32FileCopier::firstEnded(const CopyProgress& progress) {
     while (!queue_->waitForFirst())
         progress(queue_->first().done());
@@ -67,7 +79,7 @@ void Win32FileCopier::addMissing(std::span<const std::u16string_view> next) {
     // Several at once, so that the thread need not be woken for each.
     if (queue_->size() > FileCopier::kMostAhead / 2) return;
     for (const std::u16string_view follower : next) {
-        if (!queue_->holds(follower)) queue_->add(follower, scratch_->path());
+        if (!queue_->holds(follower)) add(follower);
     }
 }
 
@@ -78,7 +90,7 @@ std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(std::u16string_view sour
     for (bool ahead = queue_->startsWith(source);; ahead = false) {
         if (!ahead) {
             queue_->clear();
-            queue_->add(source, scratch_->path());
+            add(source);
         }
         addMissing(next);
         std::unique_ptr<BackgroundCopy> copy = firstEnded(progress);

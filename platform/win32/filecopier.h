@@ -25,6 +25,8 @@ class Win32FileCopier : public FileCopier {
   private:
     // Makes ready for copies to `folder`; those ahead for another one go.
     void turnTo(std::u16string_view folder);
+    // Adds a copy to the queue.
+    void add(std::u16string_view source);
     // Sees the first copy of the queue to its end, and hands it out.
     std::unique_ptr<BackgroundCopy> firstEnded(const CopyProgress& progress);
     // Adds those of the next files that are not in the queue, once it is half empty.

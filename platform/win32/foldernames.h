@@ -1,6 +1,7 @@
 // The names that are taken in the folder to which files are copied.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <unordered_set>
@@ -18,6 +19,8 @@ class FolderNames {
     // Something was made under that name.
     void add(std::u16string_view path);
     void forget();
+    // How many names there are in the folder asked for last; 0 when it could not be listed.
+    size_t count() const { return names_.size(); }
 
   private:
     // Lists the folder of `path` unless it is the one in hand.

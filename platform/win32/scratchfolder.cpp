@@ -7,15 +7,17 @@
 
 namespace platform::win32 {
 
-ScratchFolder::ScratchFolder(std::u16string_view target) : target_(target), path_(target) {
-    const std::u16string own = target_ + scratchName(GetCurrentProcessId(), kFirstNumber - 1);
-    if (CreateDirectoryW(extendedPath(own).c_str(), nullptr)) path_ = own + u'\\';
-}
-
 ScratchFolder::~ScratchFolder() {
     if (path_ == target_) return;
     path_.pop_back();
     RemoveDirectoryW(extendedPath(path_).c_str());
+}
+
+void ScratchFolder::make() {
+    if (tried_) return;
+    tried_ = true;
+    const std::u16string own = target_ + scratchName(GetCurrentProcessId(), kFirstNumber - 1);
+    if (CreateDirectoryW(extendedPath(own).c_str(), nullptr)) path_ = own + u'\\';
 }
 
 }  // namespace platform::win32

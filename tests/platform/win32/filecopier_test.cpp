@@ -39,6 +39,18 @@ class FileCopierTest : public testing::Test {
         return testing_win32::names(folder_.path());
     }
     static std::u16string underWay() { return scratchName(GetCurrentProcessId(), 1); }
+    // "Cible", with as many files as make a folder for those under way worth while.
+    std::u16string largeFolder() const {
+        std::u16string folder = folder_.folder(u"Cible");
+        for (int number = 0; number < kLargeFolder; ++number)
+            folder_.write(u"Cible\\plein" + base::strNumber(number), "");
+        return folder;
+    }
+    static Names otherNames(std::u16string_view largeFolder) {
+        Names all = testing_win32::names(largeFolder);
+        std::erase_if(all, [](const std::u16string& name) { return name.starts_with(u"plein"); });
+        return all;
+    }
     // A file that takes longer to copy than a window may wait; all zeros.
     std::u16string writeLong(std::u16string_view name) const {
         const std::u16string file = folder_.write(name, "");
@@ -48,9 +60,9 @@ class FileCopierTest : public testing::Test {
     // Waits for a file under way with this content.
     void waitUntilAhead(std::string_view content) const {
         const auto isAhead = [&] {
-            const Names all = testing_win32::names(path(underWay()));
+            const Names all = testing_win32::names(folder_.path());
             return std::ranges::any_of(all, [&](const std::u16string& name) {
-                return testing_win32::content(path(underWay() + u"\\" + name)) == content;
+                return name.starts_with(u"~") && testing_win32::content(path(name)) == content;
             });
         };
         const ULONGLONG deadline = GetTickCount64() + 60'000;
@@ -64,6 +76,7 @@ class FileCopierTest : public testing::Test {
         return static_cast<ErrorNumber>(testing_win32::errorOf(call));
     }
 
+    static constexpr int kLargeFolder = 64;
     static constexpr uint64_t kLong = 100'000'000;
 
     testing_win32::TempFolder folder_;
@@ -279,29 +292,54 @@ TEST_F(FileCopierTest, CopiesReadOnlyFiles) {
     EXPECT_EQ(filesInFolder(), 2U);
 }
 
-TEST_F(FileCopierTest, FilesUnderWayLieInAFolderOfTheirOwn) {
+TEST_F(FileCopierTest, FilesUnderWayToALargeFolderLieInOneOfTheirOwn) {
     const std::u16string first = folder_.write(u"a.mp3", "first");
     const std::u16string second = folder_.write(u"b.mp3", "second");
-    const std::u16string target = folder_.folder(u"Cible");
+    const std::u16string target = largeFolder();
+    EXPECT_FALSE(copier_.opens(target + u"\\x.mp3"));
     copy(first, target + u"\\x.mp3", {second});
-    EXPECT_EQ(testing_win32::names(target), (Names{u"x.mp3", underWay()}));
+    EXPECT_EQ(otherNames(target), (Names{u"x.mp3", underWay()}));
     copy(second, target + u"\\y.mp3");
     EXPECT_TRUE(testing_win32::names(target + u"\\" + underWay()).empty());
     copier_.endCopies();
-    EXPECT_EQ(testing_win32::names(target), (Names{u"x.mp3", u"y.mp3"}));
+    EXPECT_EQ(otherNames(target), (Names{u"x.mp3", u"y.mp3"}));
+}
+
+TEST_F(FileCopierTest, AFolderThatBecomesLargeInTheCourseOfTheCopiesGetsOne) {
+    const std::u16string source = folder_.write(u"a.mp3", "content");
+    const std::u16string target = folder_.folder(u"Cible");
+    EXPECT_FALSE(copier_.opens(target + u"\\0.mp3"));
+    for (int number = 0; number <= kLargeFolder; ++number) {
+        EXPECT_EQ(testing_win32::names(target).size(), static_cast<size_t>(number));
+        copy(source, target + u"\\" + base::strNumber(number) + u".mp3");
+    }
+    EXPECT_EQ(testing_win32::names(target).size(), size_t{kLargeFolder} + 2);
+    copier_.endCopies();
+    EXPECT_EQ(testing_win32::names(target).size(), size_t{kLargeFolder} + 1);
+}
+
+TEST_F(FileCopierTest, TheFolderOfFilesUnderWayGoesWhenItsTurnIsOver) {
+    const std::u16string source = folder_.write(u"a.mp3", "content");
+    const std::u16string target = largeFolder();
+    EXPECT_FALSE(copier_.opens(target + u"\\x.mp3"));
+    copy(source, target + u"\\x.mp3", {source});
+    copy(source, path(u"x.mp3"));
+    EXPECT_EQ(otherNames(target), Names{u"x.mp3"});
 }
 
 TEST_F(FileCopierTest, CopiesWhereThereIsNoFolderForThoseUnderWay) {
     const std::u16string first = folder_.write(u"a.mp3", "first");
     const std::u16string second = folder_.write(u"b.mp3", "second");
-    folder_.folder(underWay());
-    const std::u16string inner = folder_.write(underWay() + u"\\à moi.txt", "mine");
-    copy(first, path(u"x.mp3"), {second});
-    copy(second, path(u"y.mp3"));
-    copy(first, path(u"z.mp3"), {second});
+    const std::u16string target = largeFolder();
+    folder_.folder(u"Cible\\" + underWay());
+    const std::u16string inner = folder_.write(u"Cible\\" + underWay() + u"\\à moi.txt", "mine");
+    EXPECT_FALSE(copier_.opens(target + u"\\x.mp3"));
+    copy(first, target + u"\\x.mp3", {second});
+    copy(second, target + u"\\y.mp3");
+    copy(first, target + u"\\z.mp3", {second});
     copier_.endCopies();
-    EXPECT_EQ(testing_win32::content(path(u"y.mp3")), "second");
-    EXPECT_EQ(names(), (Names{u"a.mp3", u"b.mp3", u"x.mp3", u"y.mp3", u"z.mp3", underWay()}));
+    EXPECT_EQ(testing_win32::content(target + u"\\y.mp3"), "second");
+    EXPECT_EQ(otherNames(target), (Names{u"x.mp3", u"y.mp3", u"z.mp3", underWay()}));
     EXPECT_EQ(testing_win32::content(inner), "mine");
 }
 
@@ -313,9 +351,8 @@ TEST_F(FileCopierTest, ClearsAwayWhatEndedProgramsLeftInEachFolder) {
         const std::u16string target = folder_.folder(name);
         folder_.folder(std::u16string(name) + u"\\" + left);
         copy(source, target + u"\\b.mp3");
-        EXPECT_EQ(testing_win32::names(target), (Names{u"b.mp3", underWay()}));
+        EXPECT_EQ(testing_win32::names(target), Names{u"b.mp3"});
     }
-    EXPECT_EQ(testing_win32::names(path(u"Un")), Names{u"b.mp3"});
 }
 
 TEST_F(FileCopierTest, WorksBeyondTheShortPathLimit) {

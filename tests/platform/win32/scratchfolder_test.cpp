@@ -20,8 +20,12 @@ class ScratchFolderTest : public testing::Test {
 
 TEST_F(ScratchFolderTest, LiesInTheTargetAndGoes) {
     {
-        const ScratchFolder scratch(target_);
+        ScratchFolder scratch(target_);
         EXPECT_EQ(scratch.target(), target_);
+        EXPECT_EQ(scratch.path(), target_);
+        EXPECT_TRUE(testing_win32::names(target_).empty());
+        scratch.make();
+        scratch.make();
         EXPECT_EQ(scratch.path(), target_ + name_ + u"\\");
         EXPECT_TRUE(testing_win32::names(scratch.path()).empty());
     }
@@ -31,7 +35,8 @@ TEST_F(ScratchFolderTest, LiesInTheTargetAndGoes) {
 TEST_F(ScratchFolderTest, StaysWithWhatSomebodyPutIntoIt) {
     const std::u16string inner = u"Cible\\" + name_ + u"\\à moi.txt";
     {
-        const ScratchFolder scratch(target_);
+        ScratchFolder scratch(target_);
+        scratch.make();
         folder_.write(inner, "mine");
     }
     EXPECT_EQ(testing_win32::content(folder_.file(inner)), "mine");
@@ -40,7 +45,8 @@ TEST_F(ScratchFolderTest, StaysWithWhatSomebodyPutIntoIt) {
 TEST_F(ScratchFolderTest, IsTheTargetItselfWhereItsNameIsTaken) {
     folder_.write(u"Cible\\" + name_, "mine");
     {
-        const ScratchFolder scratch(target_);
+        ScratchFolder scratch(target_);
+        scratch.make();
         EXPECT_EQ(scratch.path(), target_);
     }
     EXPECT_EQ(testing_win32::content(target_ + name_), "mine");
@@ -49,7 +55,8 @@ TEST_F(ScratchFolderTest, IsTheTargetItselfWhereItsNameIsTaken) {
 TEST_F(ScratchFolderTest, IsTheTargetItselfWhereAFolderHasItsName) {
     folder_.folder(u"Cible\\" + name_);
     {
-        const ScratchFolder scratch(target_);
+        ScratchFolder scratch(target_);
+        scratch.make();
         EXPECT_EQ(scratch.path(), target_);
     }
     EXPECT_EQ(testing_win32::names(target_).size(), 1U);
@@ -57,7 +64,8 @@ TEST_F(ScratchFolderTest, IsTheTargetItselfWhereAFolderHasItsName) {
 
 TEST_F(ScratchFolderTest, IsTheTargetItselfWhenThatIsNotThere) {
     const std::u16string missing = target_ + u"X\\";
-    const ScratchFolder scratch(missing);
+    ScratchFolder scratch(missing);
+    scratch.make();
     EXPECT_EQ(scratch.path(), missing);
 }
 
