@@ -139,17 +139,19 @@ void FrmMP3::onCommand(int id, int notification) {
 
 LRESULT FrmMP3::onNotify(const NMHDR& header) {
     if (header.idFrom != FrmMP3_DBList2) return 0;
+    // What goes through the whole list shows that it may take a while: a million tracks are many.
     switch (header.code) {
         case LVN_GETDISPINFOW:
             tracks_->list().fill(header);
             break;
-        case LVN_ODFINDITEMW:
+        case LVN_ODFINDITEMW: {
+            const ui::WaitCursor wait;
             return tracks_->list().find(header);
+        }
         case NM_CLICK:
             tracks_->DBList2_Click(player());
             break;
         case NM_DBLCLK: {
-            // The whole list may be a million tracks.
             const ui::WaitCursor wait;
             tracks_->DBList2_DblClick(player());
             break;
