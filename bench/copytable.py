@@ -1,8 +1,9 @@
 #!/usr/bin/env python3
-"""copytable.py NAME BARE OURS: a row of the table of copies beside the system's bare call.
+"""copytable.py NAME BARE OURS...: a row of the table of copies beside the system's bare call.
 
 Each file holds a line for each round: seconds, files, bytes. The ratio is the median of the rounds'
-own ratios, with half the distance between their quartiles.
+own ratios, with half the distance between their quartiles. Of several pairs of files the rounds are
+added up, as if all had been copied at once.
 """
 import statistics
 import sys
@@ -14,8 +15,12 @@ def rounds(path):
                 for seconds, files, size in (line.split() for line in lines)]
 
 
+def added(paths):
+    return [tuple(map(sum, zip(*parts))) for parts in zip(*map(rounds, paths), strict=True)]
+
+
 def main():
-    name, bare, ours = sys.argv[1], *(rounds(path) for path in sys.argv[2:])
+    name, bare, ours = sys.argv[1], added(sys.argv[2::2]), added(sys.argv[3::2])
     if len({row[1:] for row in bare + ours}) != 1:
         sys.exit("copytable: not the same files")
     _, files, size = bare[0]

@@ -45,9 +45,11 @@ def start(main, only=None):
 
 def conflict(main, old_name):
     """The conflict about that name, once it is shown."""
-    dialog = main.program.form("FrmExisteFich")
-    wait_for(lambda: dialog.TextAncienNom.text == old_name, old_name)
-    return dialog
+    def shown():
+        # The dialog before it may be there still.
+        dialog = main.program.form_or_none("FrmExisteFich")
+        return dialog if dialog and dialog.TextAncienNom.text == old_name else None
+    return wait_for(shown, old_name)
 
 
 def asked(main, target, *others):

@@ -73,17 +73,18 @@ def test_after_the_copy_keys_close_the_window(main, target):
 def test_a_long_copy_shows_its_progress_in_a_window_that_answers(main, target, long_medium):
     window = begin_copy(main)
     window.CommandCopier.click()
+    ids = [control_ids()["FrmInfoCopy"][name]
+           for name in ("LabelInfoCopy", "ListInfocopy", "CommandCopier", "Progression")]
     positions = set()
 
     def halfway():
+        # One look at all of it: the copy goes on meanwhile.
+        nodes = {node["id"]: node for node in window.children()}
+        if nodes[ids[0]]["text"] != "Copie de E:\\gros.wav\r\n\nGros":
+            return None
         positions.add(window.Progression.progress())
-        return len(positions) > 3
-    wait_for(halfway, "the bar to move within one file")
-    # One look at all of it: the copy goes on meanwhile.
-    nodes = {node["id"]: node for node in window.children()}
-    label, tracks, start, bar = (nodes[control_ids()["FrmInfoCopy"][name]] for name in (
-        "LabelInfoCopy", "ListInfocopy", "CommandCopier", "Progression"))
-    assert label["text"] == "Copie de E:\\gros.wav\r\n\nGros"
+        return [nodes[number] for number in ids] if len(positions) > 3 else None
+    _, tracks, start, bar = wait_for(halfway, "the bar to move within one file")
     assert not tracks["enabled"] and not start["enabled"] and bar["visible"]
     before = window.size
     window.resize(900, 600)
