@@ -36,7 +36,21 @@ CachedColumn* TableCache::column(const Column& column) {
         const Column* const wanted = &column;
         load({&wanted, 1});
     }
-    return slot(column).column.get();
+    Slot& place = slot(column);
+    if (place.column && place.column->count() < ids_.size() && !catchUp(*place.column))
+        place = Slot{};
+    return place.column.get();
+}
+
+// Appends the rows that were added since; false when there is no room for them. Who adds many rows
+// does not wait for columns that nobody may ask about any more.
+bool TableCache::catchUp(CachedColumn& column) const {
+    for (size_t row = column.count(); row < ids_.size(); ++row) {
+        const bool done = live_.contains(row) ? column.append(table_, table_.row(ids_[row]))
+                                              : column.appendNull();
+        if (!done) return false;
+    }
+    return true;
 }
 
 void TableCache::load(std::span<const Column* const> columns) {
@@ -93,9 +107,6 @@ void TableCache::rowAdded(RowId id) {
     laterRows_.insert_or_assign(id.value, static_cast<uint32_t>(ids_.size()));
     ids_.push_back(id);
     live_.pushMember();
-    for (Slot& place : slots_) {
-        if (place.column && !place.column->append(table_, table_.row(id))) place = Slot{};
-    }
 }
 
 void TableCache::rowRemoved(RowId id) {

@@ -44,6 +44,7 @@ class TableCache {
     // Whether so many bytes more are within the bound.
     bool hasRoomFor(size_t bytes) const;
 
+    // The columns take it in when they are asked for the next time.
     void rowAdded(RowId id);
     void rowRemoved(RowId id);
     // So many rows were added and removed that a fresh cache would be better.
@@ -57,6 +58,7 @@ class TableCache {
     };
 
     size_t place(const Column& column) const;
+    bool catchUp(CachedColumn& column) const;
     Slot& slot(const Column& column) { return slots_[place(column)]; }
     std::optional<size_t> numberOf(RowId id) const;
     size_t bytes() const;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <string>
 
 #include "jet/store.h"
@@ -92,6 +93,23 @@ TEST_F(TableCacheTest, TakesInRowsThatAreAdded) {
     rows.rowRemoved(first);
     EXPECT_EQ(rows.live().size(), 0u);
     EXPECT_EQ(rows.live().limit(), 2u);
+}
+
+// A column takes in what was added when it is asked for; some of that is gone by then.
+TEST_F(TableCacheTest, TakesInLaterWhatWasAddedAndRemovedMeanwhile) {
+    addRow(u"a", 1);
+    TableCache rows = cache();
+    ASSERT_EQ(rows.column(column(u"Taille"))->count(), 1u);
+    const RowId gone = addRow(u"b", 2);
+    rows.rowAdded(gone);
+    table_->remove(gone);
+    rows.rowRemoved(gone);
+    rows.rowAdded(addRow(u"c", 3));
+    const CachedColumn* sizes = rows.column(column(u"Taille"));
+    ASSERT_EQ(sizes->count(), 3u);
+    EXPECT_TRUE(std::isnan((*sizes->numbers())[1]));
+    EXPECT_EQ((*sizes->numbers())[2], 3);
+    EXPECT_EQ(rows.live().size(), 2u);
 }
 
 TEST_F(TableCacheTest, TellsRowsOfTheSameIdentityApart) {
