@@ -60,13 +60,17 @@ def test_a_file_that_can_only_be_read_in_part_is_not_copied(main, target, tmp_pa
     assert files(target) in ({}, {"a.mid": tracks["a.mid"]})
 
 
+def kill_during_the_copy(program):
+    settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
+    window = begin_copy(program.open())
+    window.CommandCopier.click()
+    wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+    program.kill()
+
+
 def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_medium, album_folder):
     with Program(desktop) as program:
-        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
-        window = begin_copy(program.open())
-        window.CommandCopier.click()
-        wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
-        program.kill()
+        kill_during_the_copy(program)
         assert not (target / "gros.wav").exists()
         # What it was about to become lies there until the next copy into that folder.
         left, = target.iterdir()
@@ -82,11 +86,7 @@ def test_a_kill_during_the_copy_to_a_large_folder_leaves_no_half_file(desktop, t
     others = {f"déjà là {number}.txt": b"" for number in range(LARGE_FOLDER)}
     medium.write(target, others)
     with Program(desktop) as program:
-        settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
-        window = begin_copy(program.open())
-        window.CommandCopier.click()
-        wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
-        program.kill()
+        kill_during_the_copy(program)
         left, = target.glob("~Brivantole*")
         assert left.is_dir() and len(list(left.iterdir())) >= 1
         assert not (target / "gros.wav").exists()
