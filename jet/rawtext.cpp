@@ -37,11 +37,15 @@ void decodeCompressed(const uint8_t* bytes, size_t length, std::u16string& out) 
     }
 }
 
-// Without a way out on the first misfit, so that the loop can take many characters at a time.
-bool isCompressible(std::u16string_view text) {
+// Puts the low bytes of the characters at `out`; false when that loses something. Without a way out
+// on the first misfit, so that the loop can take many characters at a time.
+bool compress(std::u16string_view text, uint8_t* __restrict out) {
     uint32_t outside = 0;
-    for (const char16_t c : text)
+    for (size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
         outside |= static_cast<uint32_t>(c == 0) | (c & 0xFF00u);
+        out[i] = static_cast<uint8_t>(c);
+    }
     return outside == 0;
 }
 
@@ -75,17 +79,14 @@ void decodeText(const RawText& raw, std::u16string& out) {
 void encodeJet4Text(std::u16string_view text, Compression compression, std::vector<uint8_t>& out) {
     while (!text.empty() && text.front() == kMarkCharacter)
         text.remove_prefix(1);
-    if (compression == Compression::Never || text.size() < kShortestCompressed ||
-        !isCompressible(text)) {
-        out.resize(text.size() * 2);
-        if (!text.empty()) std::memcpy(out.data(), text.data(), out.size());
-        return;
+    if (compression == Compression::WhenSmaller && text.size() >= kShortestCompressed) {
+        out.resize(text.size() + 2);
+        out[0] = kMarkLow;
+        out[1] = kMarkHigh;
+        if (compress(text, out.data() + 2)) return;
     }
-    out.resize(text.size() + 2);
-    out[0] = kMarkLow;
-    out[1] = kMarkHigh;
-    std::transform(text.begin(), text.end(), out.begin() + 2,
-                   [](char16_t c) { return static_cast<uint8_t>(c); });
+    out.resize(text.size() * 2);
+    if (!text.empty()) std::memcpy(out.data(), text.data(), out.size());
 }
 
 }  // namespace jet

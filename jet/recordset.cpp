@@ -45,7 +45,15 @@ std::u16string Field::Text() const {
 }
 
 void Field::setValue(jet::Value value) {
-    recordset_.write(column_, std::move(value));
+    recordset_.added(column_) = std::move(value);
+}
+
+void Field::setText(std::u16string_view text) {
+    jet::Value& value = recordset_.added(column_);
+    if (auto* room = std::get_if<std::u16string>(&value))
+        room->assign(text);
+    else
+        value.emplace<std::u16string>(text);
 }
 
 Recordset::Recordset(std::shared_ptr<Session> session, Table& table)
@@ -99,7 +107,7 @@ void Recordset::skipDeleted() {
 }
 
 void Recordset::MoveFirst() {
-    added_.reset();
+    isAdding_ = false;
     position_ = 0;
     currentDeleted_ = false;
     skipDeleted();
@@ -107,7 +115,7 @@ void Recordset::MoveFirst() {
 
 void Recordset::MoveNext() {
     if (Eof()) noCurrentRecord();
-    added_.reset();
+    isAdding_ = false;
     if (!currentDeleted_) ++position_;
     currentDeleted_ = false;
     skipDeleted();
@@ -128,7 +136,7 @@ void Recordset::setAbsolutePosition(size_t position) {
     if (position >= RecordCount()) noCurrentRecord();
     if (deletedCount_ > 0) std::erase(*rows_, kDeletedRow);
     deletedCount_ = 0;
-    added_.reset();
+    isAdding_ = false;
     position_ = position;
     currentDeleted_ = false;
 }
@@ -140,7 +148,7 @@ RowId Recordset::Bookmark() const {
 void Recordset::setBookmark(RowId bookmark) {
     const auto found = std::ranges::find(rows(), bookmark);
     if (bookmark == kDeletedRow || found == rows().end()) noCurrentRecord();
-    added_.reset();
+    isAdding_ = false;
     position_ = static_cast<size_t>(found - rows().begin());
     currentDeleted_ = false;
 }
@@ -160,7 +168,10 @@ size_t Recordset::indexOf(const Column& column) const {
 
 jet::Value Recordset::read(const Column& column) const {
     requireOpen();
-    if (added_) return (*added_)[indexOf(column)];
+    if (isAdding_) {
+        const size_t index = indexOf(column);
+        return isSet_[index] ? added_[index] : Null{};
+    }
     const RowId row = current();
     if (!table_->isLive(row)) recordDeleted();
     return table_->value(table_->row(row), column);
@@ -170,23 +181,30 @@ std::u16string Recordset::readText(const Column& column) const {
     return textOf(read(column));
 }
 
-void Recordset::write(const Column& column, jet::Value value) {
+// Where the value of that column of the new record goes.
+jet::Value& Recordset::added(const Column& column) {
     requireOpen();
-    if (!added_) withoutAddNew();
-    (*added_)[indexOf(column)] = std::move(value);
+    if (!isAdding_) withoutAddNew();
+    const size_t index = indexOf(column);
+    isSet_[index] = true;
+    return added_[index];
 }
 
 void Recordset::AddNew() {
     requireUpdatable();
-    added_.emplace(table_->definition().columns.size());
+    added_.resize(table_->definition().columns.size());
+    isSet_.assign(added_.size(), false);
+    isAdding_ = true;
 }
 
 void Recordset::Update() {
     requireUpdatable();
-    if (!added_) withoutAddNew();
+    if (!isAdding_) withoutAddNew();
+    for (size_t i = 0; i < added_.size(); ++i)
+        if (!isSet_[i]) added_[i] = Null{};
     const bool atEnd = rows_ && Eof();
-    const RowId row = session_->append(*table_, *added_);
-    added_.reset();
+    const RowId row = session_->append(*table_, added_);
+    isAdding_ = false;
     if (!rows_) return;
     rows_->push_back(row);
     if (atEnd) position_ = rows_->size();
@@ -203,7 +221,7 @@ void Recordset::Delete() {
 }
 
 void Recordset::Close() {
-    added_.reset();
+    isAdding_ = false;
     rows_.reset();
     session_.reset();
 }

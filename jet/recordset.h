@@ -35,6 +35,8 @@ class Field {
     std::u16string Text() const;
     // Only between AddNew and Update (otherwise error 3020, as in DAO).
     void setValue(jet::Value value);
+    // The same for a text, without a copy for each record.
+    void setText(std::u16string_view text);
 
   private:
     friend class Recordset;
@@ -104,7 +106,7 @@ class Recordset {
     size_t indexOf(const Column& column) const;
     jet::Value read(const Column& column) const;
     std::u16string readText(const Column& column) const;
-    void write(const Column& column, jet::Value value);
+    jet::Value& added(const Column& column);
 
     std::shared_ptr<Session> session_;  // null once closed
     Table* table_;
@@ -117,7 +119,11 @@ class Recordset {
     size_t deletedCount_ = 0;
     size_t position_ = 0;
     bool currentDeleted_ = false;
-    std::optional<std::vector<jet::Value>> added_;  // between AddNew and Update, by column
+    bool isAdding_ = false;  // between AddNew and Update
+    // By column: the values then; those not set yet are of an earlier record, whose texts leave
+    // their room to this one's.
+    std::vector<jet::Value> added_;
+    std::vector<bool> isSet_;
 };
 
 }  // namespace jet

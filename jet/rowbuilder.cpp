@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 
 #include "jet/bytes.h"
 
@@ -10,10 +11,6 @@ namespace jet {
 namespace {
 
 constexpr uint8_t kUnusedJump = 0xFF;
-
-uint32_t maskLength(const TableDefinition& definition) {
-    return (definition.columnsEver + 7u) / 8;
-}
 
 uint32_t fixedLength(const TableDefinition& definition) {
     uint32_t length = 0;
@@ -31,90 +28,102 @@ uint32_t jumpCount(uint32_t lengthWithoutJumps) {
     return jumps;
 }
 
-uint32_t lengthWithoutJumps(const Format& format, const TableDefinition& definition,
-                            uint32_t variableBytes) {
-    uint32_t length = format.row.countWidth + fixedLength(definition) + maskLength(definition);
-    if (definition.variableColumnsEver != 0)
-        length += variableBytes + format.row.countWidth * (definition.variableColumnsEver + 2u);
-    return length;
-}
-
-// Appends the variable cells; gives where each variable column starts, and the end of the last.
-std::vector<uint32_t> appendVariableCells(const TableDefinition& definition, const RowCells& cells,
-                                          Bytes& out) {
-    std::vector<size_t> cellOf(definition.variableColumnsEver, cells.bytes.size());
-    for (size_t i = 0; i < definition.columns.size(); ++i)
-        if (!definition.columns[i].fixed) cellOf[definition.columns[i].variableIndex] = i;
-    std::vector<uint32_t> offsets;
-    for (const size_t cell : cellOf) {
-        offsets.push_back(static_cast<uint32_t>(out.size()));
-        if (cell < cells.bytes.size() && cells.isSet[cell])
-            out.insert(out.end(), cells.bytes[cell].begin(), cells.bytes[cell].end());
-    }
-    offsets.push_back(static_cast<uint32_t>(out.size()));
-    return offsets;
-}
-
-void appendWideOffsets(const std::vector<uint32_t>& offsets, Bytes& out) {
-    size_t at = out.size();
-    out.resize(at + 2 * (offsets.size() + 1));
-    for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset, at += 2)
-        put16(out.data() + at, *offset);
-    put16(out.data() + at, static_cast<uint32_t>(offsets.size() - 1));
-}
-
-void appendNarrowOffsets(const std::vector<uint32_t>& offsets, uint32_t jumps, Bytes& out) {
-    for (auto offset = offsets.rbegin(); offset != offsets.rend(); ++offset)
-        out.push_back(static_cast<uint8_t>(*offset));
-    for (uint32_t jump = jumps; jump > 0; --jump) {
-        const auto past = std::find_if(offsets.begin(), offsets.end(),
-                                       [jump](uint32_t offset) { return offset >= jump * 256; });
-        out.push_back(past == offsets.end() ? kUnusedJump
-                                            : static_cast<uint8_t>(past - offsets.begin()));
-    }
-    out.push_back(static_cast<uint8_t>(offsets.size() - 1));
-}
-
-void appendMask(const TableDefinition& definition, const RowCells& cells, Bytes& out) {
-    const size_t at = out.size();
-    out.resize(at + maskLength(definition));
-    for (size_t i = 0; i < definition.columns.size(); ++i) {
-        const uint32_t number = definition.columns[i].number;
-        if (cells.isSet[i]) out[at + number / 8] |= static_cast<uint8_t>(1u << (number % 8));
-    }
+void copyCell(const Bytes& cell, uint8_t* to) {
+    if (!cell.empty()) std::memcpy(to, cell.data(), cell.size());
 }
 
 }  // namespace
 
-uint32_t rowLength(const Format& format, const TableDefinition& definition,
-                   uint32_t variableBytes) {
-    const uint32_t length = lengthWithoutJumps(format, definition, variableBytes);
-    return format.wide || definition.variableColumnsEver == 0 ? length : length + jumpCount(length);
+RowBuilder::RowBuilder(const Format& format, const TableDefinition& definition)
+    : format_(format),
+      definition_(definition),
+      fixedEnd_(format.row.countWidth + fixedLength(definition)),
+      maskLength_((definition.columnsEver + 7u) / 8),
+      cellOf_(definition.variableColumnsEver, definition.columns.size()),
+      offsets_(definition.variableColumnsEver + 1u) {
+    for (size_t i = 0; i < definition.columns.size(); ++i)
+        if (!definition.columns[i].fixed) cellOf_[definition.columns[i].variableIndex] = i;
 }
 
-void buildRow(const Format& format, const TableDefinition& definition, const RowCells& cells,
-              Bytes& out) {
-    out.assign(format.row.countWidth + fixedLength(definition), 0);
-    out[0] = static_cast<uint8_t>(definition.columnsEver);
-    for (size_t i = 0; i < definition.columns.size(); ++i) {
-        const Column& column = definition.columns[i];
-        if (!column.fixed || column.type == ColumnType::Boolean || !cells.isSet[i]) continue;
-        std::copy(cells.bytes[i].begin(), cells.bytes[i].end(),
-                  out.begin() + static_cast<ptrdiff_t>(format.row.countWidth) + column.fixedOffset);
-    }
-    if (definition.variableColumnsEver != 0) {
-        const size_t fixedEnd = out.size();
-        const std::vector<uint32_t> offsets = appendVariableCells(definition, cells, out);
-        if (format.wide)
-            appendWideOffsets(offsets, out);
+uint32_t RowBuilder::lengthWithoutJumps(uint32_t variableBytes) const {
+    const uint32_t length = fixedEnd_ + maskLength_;
+    if (cellOf_.empty()) return length;
+    // An offset for each variable column and one for the end, and the number of columns.
+    return length + variableBytes +
+           format_.row.countWidth * static_cast<uint32_t>(cellOf_.size() + 2);
+}
+
+uint32_t RowBuilder::length(uint32_t variableBytes) const {
+    const uint32_t length = lengthWithoutJumps(variableBytes);
+    return format_.wide || cellOf_.empty() ? length : length + jumpCount(length);
+}
+
+void RowBuilder::build(const RowCells& cells, Bytes& out) {
+    uint32_t variableBytes = 0;
+    for (const size_t cell : cellOf_)
+        if (cell < cells.bytes.size() && cells.isSet[cell])
+            variableBytes += static_cast<uint32_t>(cells.bytes[cell].size());
+    out.resize(length(variableBytes));
+    uint8_t* const row = out.data();
+    copyFixedCells(cells, row);
+    if (!cellOf_.empty()) {
+        uint8_t* const end = row + copyVariableCells(cells, row);
+        if (format_.wide)
+            putWideOffsets(end);
         else
-            appendNarrowOffsets(
-                offsets,
-                jumpCount(lengthWithoutJumps(format, definition,
-                                             static_cast<uint32_t>(out.size() - fixedEnd))),
-                out);
+            putNarrowOffsets(jumpCount(lengthWithoutJumps(variableBytes)), end);
     }
-    appendMask(definition, cells, out);
+    uint8_t* const mask = row + out.size() - maskLength_;
+    std::memset(mask, 0, maskLength_);
+    for (size_t i = 0; i < definition_.columns.size(); ++i) {
+        const uint32_t number = definition_.columns[i].number;
+        if (cells.isSet[i]) mask[number / 8] |= static_cast<uint8_t>(1u << (number % 8));
+    }
+}
+
+void RowBuilder::copyFixedCells(const RowCells& cells, uint8_t* row) const {
+    std::memset(row, 0, fixedEnd_);
+    if (format_.wide)
+        put16(row, definition_.columnsEver);
+    else
+        row[0] = static_cast<uint8_t>(definition_.columnsEver);
+    for (size_t i = 0; i < definition_.columns.size(); ++i) {
+        const Column& column = definition_.columns[i];
+        if (column.fixed && column.type != ColumnType::Boolean && cells.isSet[i])
+            copyCell(cells.bytes[i], row + format_.row.countWidth + column.fixedOffset);
+    }
+}
+
+// Gives where they end.
+uint32_t RowBuilder::copyVariableCells(const RowCells& cells, uint8_t* row) {
+    uint32_t at = fixedEnd_;
+    for (size_t i = 0; i < cellOf_.size(); ++i) {
+        const size_t cell = cellOf_[i];
+        offsets_[i] = at;
+        if (cell == cells.bytes.size() || !cells.isSet[cell]) continue;
+        copyCell(cells.bytes[cell], row + at);
+        at += static_cast<uint32_t>(cells.bytes[cell].size());
+    }
+    offsets_.back() = at;
+    return at;
+}
+
+void RowBuilder::putWideOffsets(uint8_t* at) const {
+    for (auto offset = offsets_.rbegin(); offset != offsets_.rend(); ++offset, at += 2)
+        put16(at, *offset);
+    put16(at, static_cast<uint32_t>(cellOf_.size()));
+}
+
+void RowBuilder::putNarrowOffsets(uint32_t jumps, uint8_t* at) const {
+    for (auto offset = offsets_.rbegin(); offset != offsets_.rend(); ++offset)
+        *at++ = static_cast<uint8_t>(*offset);
+    for (uint32_t jump = jumps; jump > 0; --jump) {
+        const auto past = std::find_if(offsets_.begin(), offsets_.end(),
+                                       [jump](uint32_t offset) { return offset >= jump * 256; });
+        *at++ =
+            past == offsets_.end() ? kUnusedJump : static_cast<uint8_t>(past - offsets_.begin());
+    }
+    *at = static_cast<uint8_t>(cellOf_.size());
 }
 
 }  // namespace jet

@@ -41,6 +41,11 @@ void requireWritable(const TableDefinition& definition) {
     }
 }
 
+[[noreturn]] void throwRowTooLong(const TableDefinition& definition) {
+    throw Error(ErrorNumber::ValueTooLong, u"L'enregistrement est trop long pour la table «\u00A0" +
+                                               definition.name + u"\u00A0».");
+}
+
 // A fixed column's text or bytes fill its place: text with blanks, bytes with zeros.
 void padFixed(const Column& column, bool wide, Bytes& bytes) {
     if (!column.fixed) return;
@@ -59,6 +64,7 @@ TableWriter::TableWriter(StoreContext& context, const TableDefinition& definitio
       rows_(context.pager, context.allocator, PageRole::Rows, definition.page,
             UsageMap(context.pager, definition.ownedMap),
             UsageMap(context.pager, definition.freeMap)),
+      builder_(context.pager.format(), definition),
       lastAutoNumber_(definition.lastAutoNumber) {
     requireWritable(definition);
     for (const Column& column : definition.columns)
@@ -79,7 +85,7 @@ RowId TableWriter::append(std::span<const Value> values) {
     // Nothing is changed up to here; from here on only a rollback leaves nothing behind.
     context_.failed = true;
     placeLongValues();
-    buildRow(context_.pager.format(), definition_, cells_, row_);
+    builder_.build(cells_, row_);
     const RowId row = rows_.insert(row_);
     context_.pager.relieve();
     context_.failed = false;
@@ -118,12 +124,11 @@ void TableWriter::encode(std::span<const Value> values) {
                 nextNumber = static_cast<uint32_t>(*given);
         }
     }
-    if (rowLength(format, definition_, variableBytes()) > format.row.maxLength)
+    const auto isTooLong = [&] { return builder_.length(variableBytes()) > format.row.maxLength; };
+    if (isTooLong()) {
         inRow_.assign(inRow_.size(), false);
-    if (rowLength(format, definition_, variableBytes()) > format.row.maxLength)
-        throw Error(ErrorNumber::ValueTooLong,
-                    u"L'enregistrement est trop long pour la table «\u00A0" + definition_.name +
-                        u"\u00A0».");
+        if (isTooLong()) throwRowTooLong(definition_);
+    }
     lastAutoNumber_ = nextNumber;
 }
 

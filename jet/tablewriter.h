@@ -42,6 +42,7 @@ class TableWriter {
     RowPages rows_;
     std::vector<std::unique_ptr<LongValueWriter>> longValues_;  // by column; null: not a long one
 
+    RowBuilder builder_;
     RowCells cells_;
     std::vector<Bytes> payloads_;  // by column: the bytes of a long value
     std::vector<bool> inRow_;      // by column: whether they stay in the row

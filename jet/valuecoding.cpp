@@ -128,12 +128,7 @@ void putNumberValue(const Column& column, const Value& value, Bytes& out) {
     }
 }
 
-std::u16string textOf(const Column& column, const Value& value) {
-    if (const auto* text = std::get_if<std::u16string>(&value)) return *text;
-    return base::plainNumber(numberOf(column, value));
-}
-
-void putText(const Column& column, const std::u16string& text, bool wide, Bytes& out) {
+void putText(const Column& column, std::u16string_view text, bool wide, Bytes& out) {
     if (column.type == ColumnType::Text && text.size() > column.characterLimit(wide))
         throw Error(ErrorNumber::ValueTooLong,
                     u"Le texte est trop long pour le champ «\u00A0" + column.name +
@@ -211,8 +206,10 @@ Value decodeNumberValue(const Column& column, Cell cell) {
 }
 
 void encodeValue(const Column& column, const Value& value, bool wide, Bytes& out) {
-    if (column.isText())
-        putText(column, textOf(column, value), wide, out);
+    if (const auto* text = std::get_if<std::u16string>(&value); text && column.isText())
+        putText(column, *text, wide, out);
+    else if (column.isText())
+        putText(column, base::plainNumber(numberOf(column, value)), wide, out);
     else if (column.isNumber())
         putNumberValue(column, value, out);
     else

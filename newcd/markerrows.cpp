@@ -22,9 +22,9 @@ bool MarkerRows::has(DuplicateRule rule, const Track& track) {
 
 void MarkerRows::add(const Track& track) {
     table_->AddNew();
-    table_->Fields(u"Nom").setValue(std::u16string(track.title));
+    table_->Fields(u"Nom").setText(track.title);
     table_->Fields(u"Taille").setValue(track.size);
-    table_->Fields(u"Type").setValue(std::u16string(kMarkerType));
+    table_->Fields(u"Type").setText(kMarkerType);
     table_->Update();
 }
 

@@ -81,13 +81,13 @@ class DriveScan {
         const std::u16string storedPath = StoredPath(path, type);
         const std::u16string cdInBrackets = u" [" + settings_.ScanCdName + u"]";
         rows.AddNew();
-        rows.Fields(u"Nom").setValue(track.TrackTitle);
-        rows.Fields(u"NomCompil").setValue(track.TrackTitle + cdInBrackets);
-        rows.Fields(u"Fichier").setValue(storedPath);
-        rows.Fields(u"FichierCompil").setValue(storedPath + cdInBrackets);
+        rows.Fields(u"Nom").setText(track.TrackTitle);
+        rows.Fields(u"NomCompil").setText(track.TrackTitle + cdInBrackets);
+        rows.Fields(u"Fichier").setText(storedPath);
+        rows.Fields(u"FichierCompil").setText(storedPath + cdInBrackets);
         rows.Fields(u"Taille").setValue(track.TrackSize);
-        rows.Fields(u"Compilation").setValue(settings_.ScanCdName);
-        rows.Fields(u"Type").setValue(state_.TrackType);
+        rows.Fields(u"Compilation").setText(settings_.ScanCdName);
+        rows.Fields(u"Type").setText(state_.TrackType);
         rows.Update();
     }
 

@@ -61,13 +61,13 @@ void JetContender::append(std::span<const Row> rows) {
     const auto table = database_->OpenRecordset(u"ListDonnees");
     for (const Row& row : rows) {
         table->AddNew();
-        table->Fields(u"Nom").setValue(row.nom.utf16);
-        table->Fields(u"NomCompil").setValue(row.nomCompil.utf16);
-        table->Fields(u"Fichier").setValue(row.fichier.utf16);
-        table->Fields(u"FichierCompil").setValue(row.fichierCompil.utf16);
+        table->Fields(u"Nom").setText(row.nom.utf16);
+        table->Fields(u"NomCompil").setText(row.nomCompil.utf16);
+        table->Fields(u"Fichier").setText(row.fichier.utf16);
+        table->Fields(u"FichierCompil").setText(row.fichierCompil.utf16);
         table->Fields(u"Taille").setValue(row.taille);
-        table->Fields(u"Compilation").setValue(row.compilation.utf16);
-        table->Fields(u"Type").setValue(row.type.utf16);
+        table->Fields(u"Compilation").setText(row.compilation.utf16);
+        table->Fields(u"Type").setText(row.type.utf16);
         table->Update();
     }
 }

@@ -158,6 +158,27 @@ TEST_F(RecordsetTest, ASecondAddNewStartsAfresh) {
     EXPECT_EQ(values(u"ListDonnees"), ",");
 }
 
+TEST_F(RecordsetTest, ARecordHasNothingOfTheOneAddedBeforeIt) {
+    const auto recordset = open(u"ListDonnees");
+    recordset->AddNew();
+    recordset->Fields(u"Nom").setText(u"a long title, set first");
+    recordset->Fields(u"Type").setText(u"MOD");
+    recordset->Fields(u"Taille").setValue(int64_t{42});
+    recordset->Update();
+    recordset->AddNew();
+    EXPECT_EQ(recordset->Fields(u"Nom").Value(), Value(Null{}));
+    recordset->Fields(u"Nom").setText(u"b");
+    EXPECT_EQ(recordset->Fields(u"Nom").Text(), u"b");
+    EXPECT_EQ(recordset->Fields(u"Type").Value(), Value(Null{}));
+    recordset->Update();
+    recordset->MoveFirst();
+    EXPECT_EQ(recordset->Fields(u"Type").Text(), u"MOD");
+    recordset->MoveNext();
+    EXPECT_EQ(recordset->Fields(u"Nom").Text(), u"b");
+    EXPECT_EQ(recordset->Fields(u"Type").Value(), Value(Null{}));
+    EXPECT_EQ(recordset->Fields(u"Taille").Value(), Value(Null{}));
+}
+
 TEST_F(RecordsetTest, DeletesEveryRecordOfAWalk) {
     addLetters(u"abcde");
     const auto recordset = open(u"SELECT * from Listdonnees where Nom<>\"c\"");
