@@ -75,7 +75,9 @@ std::u16string wholeNumber(int64_t value) {
 void appendWholeNumber(std::u16string& out, int64_t value) {
     std::array<char, std::numeric_limits<int64_t>::digits10 + 2> digits;
     const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    out.append(digits.data(), end.ptr);
+    std::array<char16_t, digits.size()> wide;
+    const auto wideEnd = std::copy(digits.data(), end.ptr, wide.data());
+    out.append(wide.data(), wideEnd);
 }
 
 std::u16string plainNumber(double value) {

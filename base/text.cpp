@@ -136,6 +136,20 @@ std::u16string fromUtf8(std::string_view bytes) {
     return text;
 }
 
+size_t find(std::u16string_view text, char16_t character, size_t from) {
+    constexpr size_t kBlock = 16;
+    size_t at = from;
+    for (; at + kBlock <= text.size(); at += kBlock) {
+        unsigned found = 0;
+        for (size_t i = 0; i < kBlock; ++i)
+            found |= static_cast<unsigned>(text[at + i] == character);
+        if (found != 0) break;
+    }
+    while (at < text.size() && text[at] != character)
+        ++at;
+    return at < text.size() ? at : text.npos;
+}
+
 std::u16string_view right(std::u16string_view text, size_t count) {
     return count >= text.size() ? text : text.substr(text.size() - count);
 }
@@ -151,7 +165,7 @@ void appendQuoted(std::u16string& out, std::u16string_view text) {
     constexpr char16_t kQuote = u'"';
     out += kQuote;
     size_t from = 0;
-    for (size_t quote = text.find(kQuote); quote != text.npos; quote = text.find(kQuote, from)) {
+    for (size_t quote = find(text, kQuote); quote != text.npos; quote = find(text, kQuote, from)) {
         out += text.substr(from, quote + 1 - from);
         out += kQuote;
         from = quote + 1;

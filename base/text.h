@@ -21,6 +21,10 @@ std::u16string upperFirst(std::u16string_view text);
 std::string toUtf8(std::u16string_view text);
 std::u16string fromUtf8(std::string_view bytes);
 
+// Where `character` first stands from `from` on; npos when it does not. Looks at several places at
+// a time, which the library's own find does for bytes alone.
+size_t find(std::u16string_view text, char16_t character, size_t from = 0);
+
 // The last `count` characters of `text`; all of it when it is shorter.
 std::u16string_view right(std::u16string_view text, size_t count);
 

@@ -25,12 +25,13 @@ Database::~Database() {
 }
 
 std::unique_ptr<Recordset> Database::OpenRecordset(std::u16string_view source) {
-    if (!isSelect(source)) {
+    const PreparedQuery* query = session_->knownQuery(source);
+    if (!query && !isSelect(source)) {
         Table& table = session_->store().table(source);
         return std::unique_ptr<Recordset>(new Recordset(session_, table));
     }
-    const PreparedQuery& prepared = session_->prepare(source);
-    return std::unique_ptr<Recordset>(new Recordset(session_, prepared.table(), prepared.query()));
+    if (!query) query = &session_->prepare(source);
+    return std::unique_ptr<Recordset>(new Recordset(session_, query->table(), query->query()));
 }
 
 void Database::readAhead(std::u16string_view query) {

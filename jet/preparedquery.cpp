@@ -100,17 +100,20 @@ void PreparedQuery::set(const Literal& literal, Token& value) const {
     }
 }
 
+const PreparedQuery* PreparedQueries::known(std::u16string_view sql) {
+    const auto place = std::ranges::find_if(
+        queries_, [sql](const std::unique_ptr<PreparedQuery>& query) { return query->become(sql); });
+    if (place == queries_.end()) return nullptr;
+    std::rotate(queries_.begin(), place, place + 1);
+    return queries_.front().get();
+}
+
 const PreparedQuery& PreparedQueries::prepare(std::u16string_view sql, Store& store,
                                               const TextOrder& textOrder) {
-    auto place = std::ranges::find_if(queries_, [sql](const std::unique_ptr<PreparedQuery>& query) {
-        return query->become(sql);
-    });
-    if (place == queries_.end()) {
-        auto fresh = std::make_unique<PreparedQuery>(sql, store, textOrder);
-        if (queries_.size() == kMostQueries) queries_.pop_back();
-        place = queries_.insert(queries_.end(), std::move(fresh));
-    }
-    std::rotate(queries_.begin(), place, place + 1);
+    if (const PreparedQuery* query = known(sql)) return *query;
+    auto fresh = std::make_unique<PreparedQuery>(sql, store, textOrder);
+    if (queries_.size() == kMostQueries) queries_.pop_back();
+    queries_.insert(queries_.begin(), std::move(fresh));
     return *queries_.front();
 }
 

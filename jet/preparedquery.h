@@ -56,8 +56,10 @@ class PreparedQuery {
 // The queries asked for last, each for all that become it.
 class PreparedQueries {
   public:
-    // `sql` ready to be answered, until the next call. Lifetimes and errors as for PreparedQuery;
-    // each call is for the same store.
+    // `sql` ready to be answered, until the next call; null when no kept query becomes it.
+    const PreparedQuery* known(std::u16string_view sql);
+    // The same, a new one if need be. Lifetimes and errors as for PreparedQuery; each call is for
+    // the same store.
     const PreparedQuery& prepare(std::u16string_view sql, Store& store, const TextOrder& textOrder);
     void clear() { queries_.clear(); }
 

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "base/number.h"
+#include "base/text.h"
 
 namespace jet {
 namespace {
@@ -127,7 +128,7 @@ void SqlLexer::text(Token& token) {
     token.kind = TokenKind::Text;
     const char16_t quote = sql_[at_++];
     while (true) {
-        const size_t close = sql_.find(quote, at_);
+        const size_t close = base::find(sql_, quote, at_);
         if (close == sql_.npos) throw syntaxError(u"guillemet non ferm\u00E9", token.position);
         token.text.append(sql_.substr(at_, close - at_));
         at_ = close + 1;
@@ -137,8 +138,23 @@ void SqlLexer::text(Token& token) {
     }
 }
 
+// Most numbers are whole, and short enough for a double to hold exactly. False when this one is
+// not.
+bool SqlLexer::shortWholeNumber(Token& token) {
+    constexpr size_t kMostDigits = 15;
+    uint64_t number = 0;
+    size_t at = at_;
+    for (; at < sql_.size() && at - at_ < kMostDigits && isDigit(sql_[at]); ++at)
+        number = number * 10 + (sql_[at] - u'0');
+    if (at == at_ || (at < sql_.size() && (isNamePart(sql_[at]) || sql_[at] == u'.'))) return false;
+    token.number = static_cast<double>(number);
+    at_ = at;
+    return true;
+}
+
 void SqlLexer::number(Token& token) {
     token.kind = TokenKind::Number;
+    if (shortWholeNumber(token)) return;
     std::string digits;
     for (; at_ < sql_.size(); ++at_) {
         const char16_t c = sql_[at_];

@@ -62,6 +62,7 @@ class SqlLexer {
     void name(Token& token);
     void bracketedName(Token& token);
     void text(Token& token);
+    bool shortWholeNumber(Token& token);
     void number(Token& token);
 
     std::u16string_view sql_;

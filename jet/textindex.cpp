@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <bit>
+#include <cstring>
 
 #include "jet/parallel.h"
 
@@ -14,6 +15,11 @@ constexpr size_t kFewestSlots = 64;
 // At most three of four slots are taken.
 size_t slotsFor(size_t rows) {
     return std::bit_ceil(std::max(kFewestSlots, rows + rows / 3 + 1));
+}
+
+// The library compares bytes of different containers one by one.
+bool sameBytes(std::span<const uint8_t> a, std::span<const uint8_t> b) {
+    return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size()) == 0);
 }
 
 uint32_t tagOf(uint64_t hash) {
@@ -109,7 +115,7 @@ bool TextIndex::insertFrom(size_t slot, size_t lastSlot, uint32_t row, uint64_t 
 
 bool TextIndex::sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts,
                           Scratch& scratch) const {
-    if (std::ranges::equal(texts.text(a), texts.text(b))) return true;
+    if (sameBytes(texts.text(a), texts.text(b))) return true;
     TextFolder::decode(texts.text(a), scratch.left);
     TextFolder::decode(texts.text(b), scratch.right);
     return order_->equal(scratch.left, scratch.right);
@@ -129,7 +135,7 @@ std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text, const Tex
         if (slots_[slot].tag != tagOf(hash)) continue;
         __builtin_prefetch(&next_[slots_[slot].row]);
         const std::span<const uint8_t> found = texts.text(slots_[slot].row);
-        if (!std::ranges::equal(found, folded_)) {
+        if (!sameBytes(found, folded_)) {
             TextFolder::decode(found, scratch_.right);
             if (!order_->equal(text, scratch_.right)) continue;
         }

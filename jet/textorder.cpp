@@ -164,12 +164,24 @@ const TextOrder& TextOrder::general3() {
     return order;
 }
 
-TextOrder::TextOrder(Version version) : version_(version), weights_(), folded_() {
+TextOrder::TextOrder(Version version) : version_(version), weights_(), folded_(), hashSteps_() {
     addControls();
     addOwnWeights();
     addAccentedLetters();
     addSmallAndUnknown();
     addFolding();
+    std::ranges::transform(weights_, hashSteps_.begin(), hashStepOf);
+}
+
+TextOrder::HashStep TextOrder::hashStepOf(const CharacterWeight& weight) {
+    constexpr uint64_t kBase = 0x100000001B3;
+    constexpr uint64_t kSpread = 0xBF58476D1CE4E5B9;
+    HashStep step;
+    for (uint8_t at = 0; at < weight.primaryLength; ++at) {
+        step.factor *= kBase;
+        step.term = step.term * kBase + (weight.primary[at] + 1u) * kSpread;
+    }
+    return step;
 }
 
 void TextOrder::addControls() {

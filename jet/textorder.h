@@ -60,18 +60,15 @@ class TextOrder {
     // behind the last that is no space.
     template <typename Next>
     uint64_t hashOf(Next&& next) const {
-        uint64_t hash = 0xCBF29CE484222325;  // FNV-1a over the primary bytes
-        const auto mix = [&hash](const CharacterWeight& weight) {
-            for (uint8_t at = 0; at < weight.primaryLength; ++at)
-                hash = (hash ^ weight.primary[at]) * 0x100000001B3;
-        };
+        uint64_t hash = 0;
         for (char16_t character = 0; next(character);) {
-            if (character < kTableSize)
-                mix(weights_[character]);
-            else
-                mix(otherWeight(character));
+            const HashStep step =
+                character < kTableSize ? hashSteps_[character] : hashStepOf(otherWeight(character));
+            hash = hash * step.factor + step.term;
         }
-        return hash ^ (hash >> 32);
+        // The low bits of such a polynomial know nothing of the high ones.
+        hash = (hash ^ hash >> 32) * 0x9E3779B97F4A7C15;
+        return hash ^ hash >> 32;
     }
 
     // One character for all those that the order cannot tell apart, so that two characters match
@@ -98,8 +95,15 @@ class TextOrder {
         char16_t folded;
     };
     enum class Version { General3, General4 };
+    // The hash is a polynomial whose coefficients stand for the primary bytes: what the bytes of
+    // one character, however many, do to that of the text before it.
+    struct HashStep {
+        uint64_t factor = 1;
+        uint64_t term = 0;
+    };
 
     explicit TextOrder(Version version);
+    static HashStep hashStepOf(const CharacterWeight& weight);
     void setWeight(char16_t character, const CharacterWeight& weight);
     void addControls();
     void addOwnWeights();
@@ -116,6 +120,7 @@ class TextOrder {
     Version version_;
     std::array<CharacterWeight, kTableSize> weights_;
     std::array<char16_t, kTableSize> folded_;
+    std::array<HashStep, kTableSize> hashSteps_;
     std::vector<OtherCharacter> others_;  // sorted by character
 };
 

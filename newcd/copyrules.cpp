@@ -6,6 +6,9 @@
 namespace newcd {
 namespace {
 
+// Their lengths need not be counted for each query.
+using namespace std::string_view_literals;
+
 // What stands around the texts and numbers of any of these queries is shorter than that.
 constexpr size_t kWords = 128;
 
@@ -15,20 +18,20 @@ std::u16string typeQuery(std::u16string_view start, std::u16string_view type,
     std::u16string query;
     query.reserve(kWords + title.size());
     query += start;
-    query += u"(Type=";
+    query += u"(Type="sv;
     base::appendQuoted(query, type);
-    query += u") ";
+    query += u") "sv;
     return query;
 }
 
 void addTitle(std::u16string& query, std::u16string_view title) {
-    query += u" and (Nom=";
+    query += u" and (Nom="sv;
     base::appendQuoted(query, title);
     query += u')';
 }
 
 void addSize(std::u16string& query, int64_t size) {
-    query += u" And (taille=";
+    query += u" And (taille="sv;
     base::appendWholeNumber(query, size);
     query += u')';
 }
@@ -84,7 +87,7 @@ bool matchesFilterText(std::u16string_view filterText, std::u16string_view title
 
 std::u16string knownTitleQuery(std::u16string_view type, std::u16string_view title) {
     std::u16string query = typeQuery(u"SELECT * from Listdonnees where", type, title);
-    query += u" and Nom=";
+    query += u" and Nom="sv;
     base::appendQuoted(query, title);
     return query;
 }
@@ -92,7 +95,7 @@ std::u16string knownTitleQuery(std::u16string_view type, std::u16string_view tit
 std::u16string knownTitleAndSizeQuery(std::u16string_view type, std::u16string_view title,
                                       int64_t size) {
     std::u16string query = knownTitleQuery(type, title);
-    query += u" and Taille=";
+    query += u" and Taille="sv;
     base::appendWholeNumber(query, size);
     return query;
 }

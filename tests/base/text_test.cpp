@@ -116,6 +116,23 @@ TEST(Right, TakesAllOfAShorterText) {
     EXPECT_EQ(right(u"abc", 0), u"");
 }
 
+TEST(Find, FindsTheFirstAtEveryPlace) {
+    for (size_t length = 0; length < 70; ++length) {
+        std::u16string text(length, u'a');
+        EXPECT_EQ(find(text, u'"'), std::u16string::npos);
+        EXPECT_EQ(find(text, u'"', length), std::u16string::npos);
+        for (size_t place = 0; place < length; ++place) {
+            text.assign(length, u'a');
+            text[place] = u'"';
+            text.back() = u'"';
+            EXPECT_EQ(find(text, u'"'), place);
+            EXPECT_EQ(find(text, u'"', place), place);
+            const size_t behind = place + 1 < length ? length - 1 : std::u16string::npos;
+            EXPECT_EQ(find(text, u'"', place + 1), behind);
+        }
+    }
+}
+
 TEST(Quoted, DoublesInnerQuotationMarks) {
     EXPECT_EQ(quoted(u"Rock 1"), u"\"Rock 1\"");
     EXPECT_EQ(quoted(u""), u"\"\"");

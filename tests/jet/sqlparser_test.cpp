@@ -229,6 +229,14 @@ TEST(SqlParser, TakesLongChainsWithoutDepth) {
     EXPECT_EQ(parseSelect(sql).where->operands.size(), 2001u);
 }
 
+TEST(SqlParser, ReadsNumbersOfEveryForm) {
+    EXPECT_EQ(show(u"SELECT * FROM t WHERE a=0 and b=007 and c=999999999999999 and "
+                   u"d=1234567890123456 and e=12.5 and f=2e3 and g=1E-2 and h=.5"),
+              "* from t where and(a=0, b=7, c=999999999999999, d=1234567890123456, e=12.5, "
+              "f=2000, g=0.01, h=0.5)");
+    EXPECT_EQ(show(u"SELECT * FROM t WHERE(a=12)"), "* from t where a=12");
+}
+
 TEST(SqlParser, NumbersTooLargeOverflow) {
     try {
         parseSelect(u"SELECT * FROM t WHERE a=1e999");
