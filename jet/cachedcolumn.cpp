@@ -21,6 +21,13 @@ constexpr size_t kTextsOnTrial = 1024;
 // Rows behind the grouped ones are looked at one by one; when there are more, groups are made anew.
 constexpr size_t kMostUngrouped = 4096;
 
+size_t rowsOf(const std::vector<TextSignature::Run>& runs) {
+    size_t rows = 0;
+    for (const TextSignature::Run& run : runs)
+        rows += run.last - run.first;
+    return rows;
+}
+
 int sign(double a, double b) {
     return a < b ? -1 : a > b;
 }
@@ -257,41 +264,48 @@ RowSet CachedColumn::filterByCode(const DictionaryValues& values, const ColumnTe
 
 RowSet CachedColumn::filterTexts(TextValues& values, const ColumnTest& test, const RowSet& rows,
                                  size_t room) {
-    RowSet result(rows.limit());
     const bool contained = test.kind == ColumnTest::Kind::Like && !test.negated &&
                            test.pattern->containedText() && !test.pattern->containedText()->empty();
-    if (!contained) {
+    const auto chosen = [&rows](auto&& isWanted) {
+        RowSet result(rows.limit());
         rows.forEach([&](size_t row) {
-            if (passes(test, row)) result.add(row);
+            if (isWanted(row)) result.add(row);
         });
         return result;
-    }
+    };
+    if (!contained) return chosen([&](size_t row) { return passes(test, row); });
     std::vector<uint8_t> wanted;
     folder_->fold(*test.pattern->containedText(), wanted);
-    if (rows.size() < rows.limit() / kSparse) {
-        rows.forEach([&](size_t row) {
-            if (findBytes(values.texts.text(row), wanted) != kNotFound) result.add(row);
-        });
-        return result;
+    const size_t few = rows.limit() / kSparse;
+    const auto sign = [&] {
+        if (TextSignature::bytesFor(values.texts.count()) <= room + values.signature.bytes())
+            values.signature.update(values.texts, *limits_);
+    };
+    // A few rows are not worth a signature, but one that is there may spare even those.
+    const bool isSigned = values.signature.bytes() != 0;
+    if (isSigned) sign();
+    Runs runs = values.signature.candidates(wanted, values.texts.count());
+    if (rowsOf(runs) > few && rows.size() < few) {
+        return chosen(
+            [&](size_t row) { return findBytes(values.texts.text(row), wanted) != kNotFound; });
     }
-    if (TextSignature::bytesFor(values.texts.count()) <= room + values.signature.bytes())
-        values.signature.update(values.texts, *limits_);
-    result = rowsHolding(wanted, values, *limits_);
+    if (!isSigned) {
+        sign();
+        runs = values.signature.candidates(wanted, values.texts.count());
+    }
+    RowSet result = rowsHolding(wanted, runs, values, *limits_);
+    if (result.isEmpty()) return RowSet::none(rows.limit());
     result.keepOnly(rows);
     return result;
 }
 
-RowSet CachedColumn::rowsHolding(std::span<const uint8_t> wanted, const TextValues& values,
-                                 const CacheLimits& limits) {
+RowSet CachedColumn::rowsHolding(std::span<const uint8_t> wanted, const Runs& runs,
+                                 const TextValues& values, const CacheLimits& limits) {
+    if (runs.empty()) return RowSet::none(values.texts.count());
     RowSet result(values.texts.count());
-    const std::vector<TextSignature::Run> runs =
-        values.signature.candidates(wanted, values.texts.count());
-    size_t searched = 0;
-    for (const TextSignature::Run& run : runs)
-        searched += run.last - run.first;
     // No two runs have rows in one word of the result.
     static_assert(TextSignature::kRowsOfBlock % RowSet::kRowsOfWord == 0);
-    inParts(runs.size(), limits.partsFor(searched), [&](size_t, size_t first, size_t last) {
+    inParts(runs.size(), limits.partsFor(rowsOf(runs)), [&](size_t, size_t first, size_t last) {
         for (const TextSignature::Run& run : std::span(runs).subspan(first, last - first)) {
             values.texts.forEachHolding(wanted, run.first, run.last,
                                         [&](size_t row) { result.add(row); });

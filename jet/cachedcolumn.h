@@ -90,8 +90,9 @@ class CachedColumn {
     RowSet filterByCode(const DictionaryValues& values, const ColumnTest& test,
                         const RowSet& rows) const;
     RowSet filterTexts(TextValues& values, const ColumnTest& test, const RowSet& rows, size_t room);
-    static RowSet rowsHolding(std::span<const uint8_t> wanted, const TextValues& values,
-                              const CacheLimits& limits);
+    using Runs = std::vector<TextSignature::Run>;
+    static RowSet rowsHolding(std::span<const uint8_t> wanted, const Runs& runs,
+                              const TextValues& values, const CacheLimits& limits);
     std::vector<uint32_t> rowsOfCodes(DictionaryValues& values, std::u16string_view text) const;
 
     const Column* column_;

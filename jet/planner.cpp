@@ -194,13 +194,16 @@ RowSet Planner::filter(const Condition& condition, RowSet rows) {
         operands.emplace_back(cost(operand), &operand);
     std::ranges::stable_sort(operands, {}, [](const auto& operand) { return operand.first; });
     if (condition.kind == Condition::Kind::And) {
-        for (const auto& [ignored, operand] : operands)
+        for (const auto& [ignored, operand] : operands) {
+            if (rows.isEmpty()) return RowSet::none(rows.limit());
             rows = filter(*operand, std::move(rows));
+        }
         return rows;
     }
-    RowSet found(rows.limit());
+    RowSet found = RowSet::none(rows.limit());
     for (const auto& [ignored, operand] : operands) {
         const RowSet more = filter(*operand, rows);
+        if (more.isEmpty()) continue;
         found.addAll(more);
         rows.removeAll(more);
     }

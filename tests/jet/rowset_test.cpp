@@ -36,6 +36,43 @@ TEST(RowSet, GrowsByMembers) {
     EXPECT_EQ(rows.size(), 130u);
 }
 
+TEST(RowSet, CountsItsMembersHoweverManyWordsThereAre) {
+    for (const size_t limit : {1u, 64u, 65u, 1984u, 1985u, 10000u}) {
+        RowSet rows(limit);
+        EXPECT_TRUE(rows.isEmpty());
+        EXPECT_EQ(rows.size(), 0u);
+        rows.add(limit - 1);
+        EXPECT_FALSE(rows.isEmpty());
+        EXPECT_EQ(rows.size(), 1u);
+        for (size_t row = 0; row < limit; ++row)
+            rows.add(row);
+        EXPECT_EQ(rows.size(), limit);
+    }
+}
+
+TEST(RowSet, WithoutRoomForMembersHasNone) {
+    RowSet none = RowSet::none(200);
+    EXPECT_EQ(none.limit(), 200u);
+    EXPECT_TRUE(none.isEmpty());
+    EXPECT_EQ(none.size(), 0u);
+    EXPECT_FALSE(none.contains(199));
+    none.remove(199);
+    none.removeAll(setOf({1, 199}));
+    EXPECT_EQ(members(none), std::vector<size_t>{});
+    EXPECT_EQ(members(none.where([](size_t) { return true; })), std::vector<size_t>{});
+
+    RowSet some = setOf({1, 199});
+    some.removeAll(none);
+    some.addAll(none);
+    EXPECT_EQ(members(some), (std::vector<size_t>{1, 199}));
+    none.addAll(some);
+    EXPECT_EQ(members(none), (std::vector<size_t>{1, 199}));
+    some.keepOnly(RowSet::none(200));
+    EXPECT_EQ(members(some), std::vector<size_t>{});
+    some.keepOnly(none);
+    EXPECT_EQ(some.size(), 0u);
+}
+
 TEST(RowSet, JoinsAndTakesApart) {
     const RowSet some = setOf({1, 70, 130});
     RowSet rows = setOf({1, 2, 130, 131});
