@@ -102,7 +102,8 @@ void PreparedQuery::set(const Literal& literal, Token& value) const {
 
 const PreparedQuery* PreparedQueries::known(std::u16string_view sql) {
     const auto place = std::ranges::find_if(
-        queries_, [sql](const std::unique_ptr<PreparedQuery>& query) { return query->become(sql); });
+        queries_,
+        [sql](const std::unique_ptr<PreparedQuery>& query) { return query->become(sql); });
     if (place == queries_.end()) return nullptr;
     std::rotate(queries_.begin(), place, place + 1);
     return queries_.front().get();
