@@ -194,6 +194,19 @@ TEST_F(StoreTest, ARefusedRowLeavesTheTransactionAsItWas) {
     expectSound();
 }
 
+TEST_F(StoreTest, ARowHasNothingOfTheOneAddedBeforeIt) {
+    const Row full = makeRow(1);
+    const Row empty(full.size(), Value(Null{}));
+    appendRows(*store_, {empty});
+    const RowId first = rowIds(table()).front();
+    appendRows(*store_, {full, empty});
+    const auto bytesOf = [this](RowId row) {
+        const RowView view = table().row(row);
+        return std::vector<uint8_t>(view.bytes, view.bytes + view.length);
+    };
+    EXPECT_EQ(bytesOf(rowIds(table()).back()), bytesOf(first));
+}
+
 TEST_F(StoreTest, AReadOnlyFileIsReadAndRefusesTransactions) {
     appendRows(*store_, makeRows(0, 3));
     store_.reset();

@@ -153,6 +153,18 @@ TEST_P(TextOrderBoth, ComparisonAgreesWithKeysHashAndPrefix) {
     }
 }
 
+TEST_P(TextOrderBoth, EqualTextsHaveOneHashWhereverALigatureStands) {
+    const TextOrder& order = *GetParam();
+    const auto expectOneHash = [&order](const std::u16string& a, const std::u16string& b) {
+        ASSERT_TRUE(order.equal(a, b));
+        EXPECT_EQ(order.hash(a), order.hash(b));
+    };
+    expectOneHash(u"\u00DF", u"ss");
+    expectOneHash(u"Stra\u00DFe", u"STRASSE");
+    expectOneHash(u"l'\u00E6on", u"L'AEON ");
+    expectOneHash(u"c\u0153ur", u"coeur");
+}
+
 TEST_P(TextOrderBoth, FoldingAgreesWithComparison) {
     const TextOrder& order = *GetParam();
     for (uint32_t a = 0; a < 0x2200; ++a) {
