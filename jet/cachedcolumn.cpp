@@ -266,31 +266,24 @@ RowSet CachedColumn::filterTexts(TextValues& values, const ColumnTest& test, con
                                  size_t room) {
     const bool contained = test.kind == ColumnTest::Kind::Like && !test.negated &&
                            test.pattern->containedText() && !test.pattern->containedText()->empty();
-    const auto chosen = [&rows](auto&& isWanted) {
-        RowSet result(rows.limit());
-        rows.forEach([&](size_t row) {
-            if (isWanted(row)) result.add(row);
-        });
-        return result;
-    };
-    if (!contained) return chosen([&](size_t row) { return passes(test, row); });
+    if (!contained) return rows.whereEach([&](size_t row) { return passes(test, row); });
     std::vector<uint8_t> wanted;
     folder_->fold(*test.pattern->containedText(), wanted);
     const size_t few = rows.limit() / kSparse;
-    const auto sign = [&] {
+    const auto bringSignatureUpToDate = [&] {
         if (TextSignature::bytesFor(values.texts.count()) <= room + values.signature.bytes())
             values.signature.update(values.texts, *limits_);
     };
     // A few rows are not worth a signature, but one that is there may spare even those.
     const bool isSigned = values.signature.bytes() != 0;
-    if (isSigned) sign();
+    if (isSigned) bringSignatureUpToDate();
     Runs runs = values.signature.candidates(wanted, values.texts.count());
     if (rowsOf(runs) > few && rows.size() < few) {
-        return chosen(
+        return rows.whereEach(
             [&](size_t row) { return findBytes(values.texts.text(row), wanted) != kNotFound; });
     }
     if (!isSigned) {
-        sign();
+        bringSignatureUpToDate();
         runs = values.signature.candidates(wanted, values.texts.count());
     }
     RowSet result = rowsHolding(wanted, runs, values, *limits_);

@@ -58,22 +58,22 @@ std::vector<RowId> Planner::rows(const Query& query) {
         if (std::optional<RowNumbers> few = fewRows(*query.where))
             return ordered(query, std::move(*few));
     }
-    RowSet rows = cache_.live();
-    if (query.where) rows = filter(*query.where, std::move(rows));
+    const RowSet found = query.where ? filter(*query.where, cache_.live()) : RowSet();
+    const RowSet& rows = query.where ? found : cache_.live();
     if (!query.distinct) return ordered(query, rows);
 
     const CachedColumn* column =
         query.columns->size() == 1 ? cache_.column(*query.columns->front()) : nullptr;
-    std::vector<RowId> found;
+    std::vector<RowId> ids;
     if (column && column->dictionary()) {
-        found = distinctByCode(*column, rows);
+        ids = distinctByCode(*column, rows);
     } else {
-        rows.forEach([&](size_t row) { found.push_back(cache_.ids()[row]); });
-        std::ranges::sort(found);
-        keepDistinct(found, query, table_, textOrder_);
+        rows.forEach([&](size_t row) { ids.push_back(cache_.ids()[row]); });
+        std::ranges::sort(ids);
+        keepDistinct(ids, query, table_, textOrder_);
     }
-    sortRows(found, query, table_, textOrder_);
-    return found;
+    sortRows(ids, query, table_, textOrder_);
+    return ids;
 }
 
 // What the answer is found with, in one walk through the table when it is not there yet.
@@ -185,27 +185,43 @@ int Planner::cost(const Condition& condition) {
 }
 
 // The rows among `rows` that match.
-RowSet Planner::filter(const Condition& condition, RowSet rows) {
+RowSet Planner::filter(const Condition& condition, const RowSet& rows) {
     if (condition.kind == Condition::Kind::Test) return filterByTest(condition.test, rows);
     if (const auto decision = CodeDecision::of(condition, cache_, rows.limit()))
         return rows.where([&](size_t row) { return decision->passes(row); });
-    std::vector<std::pair<int, const Condition*>> operands;
+    std::vector<std::pair<int, const Condition*>> byCost;
     for (const Condition& operand : condition.operands)
-        operands.emplace_back(cost(operand), &operand);
-    std::ranges::stable_sort(operands, {}, [](const auto& operand) { return operand.first; });
-    if (condition.kind == Condition::Kind::And) {
-        for (const auto& [ignored, operand] : operands) {
-            if (rows.isEmpty()) return RowSet::none(rows.limit());
-            rows = filter(*operand, std::move(rows));
-        }
-        return rows;
+        byCost.emplace_back(cost(operand), &operand);
+    std::ranges::stable_sort(byCost, {}, [](const auto& operand) { return operand.first; });
+    std::vector<const Condition*> operands;
+    for (const auto& [ignored, operand] : byCost)
+        operands.push_back(operand);
+    return condition.kind == Condition::Kind::And ? filterByAll(operands, rows)
+                                                  : filterByAny(operands, rows);
+}
+
+RowSet Planner::filterByAll(const std::vector<const Condition*>& conditions, const RowSet& rows) {
+    RowSet left;
+    const RowSet* asked = &rows;
+    for (const Condition* condition : conditions) {
+        if (asked->isEmpty()) return RowSet::none(rows.limit());
+        left = filter(*condition, *asked);
+        asked = &left;
     }
+    return left;
+}
+
+RowSet Planner::filterByAny(const std::vector<const Condition*>& conditions, const RowSet& rows) {
     RowSet found = RowSet::none(rows.limit());
-    for (const auto& [ignored, operand] : operands) {
-        const RowSet more = filter(*operand, rows);
+    RowSet left;
+    const RowSet* asked = &rows;
+    for (const Condition* condition : conditions) {
+        const RowSet more = filter(*condition, *asked);
         if (more.isEmpty()) continue;
         found.addAll(more);
-        rows.removeAll(more);
+        if (asked == &rows) left = rows;
+        left.removeAll(more);
+        asked = &left;
     }
     return found;
 }
@@ -214,11 +230,8 @@ RowSet Planner::filterByTest(const ColumnTest& test, const RowSet& rows) {
     if (CachedColumn* const column = cache_.column(*test.column))
         return column->filter(test, rows, cache_.room());
     RowTester tester(table_, textOrder_);
-    RowSet found(rows.limit());
-    rows.forEach([&](size_t row) {
-        if (tester.passes(table_.row(cache_.ids()[row]), test)) found.add(row);
-    });
-    return found;
+    return rows.whereEach(
+        [&](size_t row) { return tester.passes(table_.row(cache_.ids()[row]), test); });
 }
 
 // The first row of each group of equal texts, in the order of the identities.

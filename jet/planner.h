@@ -32,7 +32,9 @@ class Planner {
     const ColumnTest* bestLookUp(const Condition& condition);
     bool matches(const Condition& condition, uint32_t row);
     bool passes(const ColumnTest& test, uint32_t row);
-    RowSet filter(const Condition& condition, RowSet rows);
+    RowSet filter(const Condition& condition, const RowSet& rows);
+    RowSet filterByAll(const std::vector<const Condition*>& conditions, const RowSet& rows);
+    RowSet filterByAny(const std::vector<const Condition*>& conditions, const RowSet& rows);
     RowSet filterByTest(const ColumnTest& test, const RowSet& rows);
     int cost(const Condition& condition);
 
