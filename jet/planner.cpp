@@ -194,6 +194,7 @@ RowSet Planner::filter(const Condition& condition, const RowSet& rows) {
         byCost.emplace_back(cost(operand), &operand);
     std::ranges::stable_sort(byCost, {}, [](const auto& operand) { return operand.first; });
     std::vector<const Condition*> operands;
+    operands.reserve(byCost.size());
     for (const auto& [ignored, operand] : byCost)
         operands.push_back(operand);
     return condition.kind == Condition::Kind::And ? filterByAll(operands, rows)
