@@ -68,6 +68,10 @@ void Database::Rollback() {
     session_->store().rollback();
 }
 
+void Database::Idle() {
+    session_->store().finishWriting();
+}
+
 void Database::Close() {
     session_->close();
 }

@@ -46,6 +46,9 @@ class Database {
     void BeginTrans();
     void CommitTrans();
     void Rollback();
+    // Waits for what goes on in the background after a commit, which is on the medium already: its
+    // changes go from the journal into the file.
+    void Idle();
 
     // Rolls an open transaction back, then lets the file go. Harmless when closed already.
     void Close();

@@ -1,5 +1,5 @@
-// The rollback journal of a transaction: a file beside the database that can undo a commit which
-// was cut short. Its layout is told in docs/mdb-format.md.
+// The journal of a transaction: a file beside the database from which a commit that was cut short
+// is carried to its end. Its layout is told in docs/mdb-format.md.
 #pragma once
 
 #include <cstdint>
@@ -23,6 +23,8 @@ struct FileIdentity {
     uint64_t size;
 };
 
+FileIdentity identify(std::span<const uint8_t> header, std::span<const uint8_t> globalMap,
+                      uint64_t size);
 FileIdentity identify(File& file, uint32_t pageSize);
 
 struct JournalHeader {
@@ -41,50 +43,40 @@ class JournalWriter {
     // Creates the file; it says nothing yet.
     JournalWriter(FileStore& files, std::u16string_view path, uint32_t pageSize);
 
-    // Between begin() and end().
-    bool isActive() const { return active_; }
-    bool writesAhead() const { return header_.writesAhead; }
-
     // Starts the journal of a transaction. With `writesAhead` the old state's identity, its size
     // above all, is on the medium afterwards, and new pages may be written; without, nothing may be
     // written before finish().
     void begin(const FileIdentity& oldState, bool writesAhead);
-    // Adds a page that is about to be overwritten.
-    void addPage(uint32_t page, std::span<const uint8_t> oldBytes,
-                 std::span<const uint8_t> newBytes);
-    // Adds a new page that is not on the medium yet.
-    void addNewPage(uint32_t page, std::span<const uint8_t> newBytes);
-    // Makes the journal complete and puts it on the medium; from then on pages may be overwritten,
-    // and the file may get `newSize` bytes.
+    // Adds a page as the transaction leaves it.
+    void addPage(uint32_t page, std::span<const uint8_t> bytes);
+    // Makes the journal complete and puts it on the medium; from then on the transaction counts,
+    // its pages may be written, and the file may get `newSize` bytes.
     void finish(uint64_t newSize);
-    // Writes the old bytes of all its pages back. When that fails the journal still counts.
-    void restoreInto(File& file);
-
-    // Makes the journal worthless. Needs no flush where the journal itself tells that its
-    // transaction reached the medium whole; else it throws only while the journal still counts.
-    void end(bool flushed);
-    // Does so on the medium, and removes the file. For the end of the opening.
+    // Takes finish() back, on the medium; harmless when that failed halfway.
+    void unfinish();
+    // Makes the journal worthless, on the medium.
+    void end();
+    // Removes the file of a journal that has ended. For the end of the opening.
     void remove();
 
   private:
-    void addRecord(uint32_t tag, uint32_t number, uint64_t after, std::span<const uint8_t> bytes);
+    void addRecord(uint32_t tag, uint32_t number, uint64_t size, std::span<const uint8_t> bytes);
     void flushBuffer();
 
     FileStore& files_;
     std::u16string path_;
     std::unique_ptr<File> file_;
     JournalHeader header_;
-    bool active_ = false;
     uint32_t records_ = 0;
     uint64_t written_ = 0;
     std::vector<uint8_t> buffer_;
 };
 
-// Brings `file` at `path` back to the state before an interrupted transaction, if its journal says
-// there was one, and removes the journal.
+// Brings `file` at `path` to the state after an interrupted transaction if its journal is complete,
+// else to that before it, and removes the journal.
 void recoverFromJournal(FileStore& files, std::u16string_view path, File& file);
 
-// Whether an interrupted transaction has to be undone before `file` can be trusted.
+// Whether that would change `file`: then it cannot be trusted yet.
 bool needsRecovery(FileStore& files, std::u16string_view path, File& file);
 
 }  // namespace jet

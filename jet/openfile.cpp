@@ -114,9 +114,10 @@ OpenedFile openDatabaseFile(FileStore& files, std::u16string_view path) {
     if (!opened.readOnly) {
         recoverFromJournal(files, path, *opened.file);
     } else if (needsRecovery(files, path, *opened.file)) {
-        throw Error(ErrorNumber::NotWritable,
-                    u"Une écriture interrompue doit d'abord être annulée, mais la base de données "
-                    u"est en lecture seule.");
+        throw Error(
+            ErrorNumber::NotWritable,
+            u"Une écriture interrompue doit d'abord être achevée ou annulée, mais la base de "
+            u"données est en lecture seule.");
     }
     opened.format = &checkedFormat(*opened.file);
     return opened;

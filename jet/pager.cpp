@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "jet/fault.h"
 
@@ -34,11 +35,11 @@ Pager::Pager(FileStore& files, std::u16string path, std::unique_ptr<File> file, 
 }
 
 Pager::~Pager() {
-    if (!journal_ || broken_ || journal_->isActive()) return;
     try {
-        journal_->remove();
+        finishWriting();
+        if (journal_ && !broken_) journal_->remove();
     } catch (const base::Error&) {
-        // Worthless already, or the next opening finds that it is; that one removes it.
+        // The next opening does what is left to do.
     }
 }
 
@@ -49,7 +50,7 @@ void Pager::noSuchPage(uint32_t number) const {
 
 void Pager::throwBroken() const {
     throw base::Error(base::ErrorNumber::NotWritable,
-                      u"Une écriture interrompue n'a pas pu être annulée. Fermez le programme et "
+                      u"Une écriture n'a pu être ni achevée ni annulée. Fermez le programme et "
                       u"relancez-le pour réparer la base de données.",
                       path_);
 }
@@ -59,6 +60,10 @@ void Pager::remap() {
     if (pages == mappedPages_) return;
     base_ = file_->map(uint64_t{pages} * pageSize_).data();
     mappedPages_ = pages;
+}
+
+std::span<const uint8_t> Pager::mapped(uint32_t number) const {
+    return {base_ + size_t{number} * pageSize_, pageSize_};
 }
 
 void Pager::unmap() {
@@ -73,6 +78,7 @@ void Pager::begin() {
                           u"La base de données est en lecture seule\u00A0: elle ne peut pas être "
                           u"modifiée.",
                           path_);
+    if (ending_.isDone()) finishWriting();
     if (broken_) throwBroken();
     if (inTransaction_)
         throw base::Error(base::ErrorNumber::InvalidOperation,
@@ -147,15 +153,17 @@ void Pager::discard(uint32_t number) {
 
 void Pager::relieve() {
     if (newImages_ * pageSize_ <= spillBytes_) return;
-    if (!journal_ || !journal_->isActive()) startJournal(true);
+    if (journalState_ == JournalState::None) startJournal(true);
     writeNewPages();
     remap();
 }
 
 void Pager::startJournal(bool writesAhead) {
+    finishWriting();
     if (!journal_) journal_ = std::make_unique<JournalWriter>(files_, path_, pageSize_);
-    FileIdentity oldState = identify(*file_, pageSize_);
-    oldState.size = uint64_t{oldPageCount_} * pageSize_;
+    const FileIdentity oldState =
+        identify(mapped(0), mapped(1), uint64_t{oldPageCount_} * pageSize_);
+    journalState_ = writesAhead ? JournalState::WritesAhead : JournalState::Begun;
     journal_->begin(oldState, writesAhead);
 }
 
@@ -199,57 +207,72 @@ std::vector<uint32_t> Pager::changedPages() const {
 }
 
 void Pager::commit() {
-    const bool writesAhead = journal_ && journal_->isActive();
+    const bool writesAhead = journalState_ == JournalState::WritesAhead;
     if (writesAhead) {
         writeNewPages();
         file_->flush();
     }
-    std::vector<uint32_t> pages = changedPages();
+    const std::vector<uint32_t> pages = changedPages();
     if (!pages.empty() || writesAhead || diskPages_ < pageCount_) {
         if (!writesAhead) startJournal(false);
         journalPages(pages);
-        std::erase_if(pages, [this](uint32_t page) { return isNew(page); });
-        writeBurst(burstOrder(images_, pages));
+        writeBurst(pages);
     }
     images_.clear();
-    remap();
     endTransaction();
 }
 
 void Pager::journalPages(const std::vector<uint32_t>& pages) {
-    for (const uint32_t number : pages) {
-        const std::span<const uint8_t> bytes(images_.at(number).bytes.get(), pageSize_);
-        if (isNew(number))
-            journal_->addNewPage(number, bytes);
-        else
-            journal_->addPage(number, {base_ + size_t{number} * pageSize_, pageSize_}, bytes);
-    }
+    for (const uint32_t number : pages)
+        journal_->addPage(number, {images_.at(number).bytes.get(), pageSize_});
+    journalState_ = JournalState::Finished;
     journal_->finish(uint64_t{pageCount_} * pageSize_);
 }
 
-void Pager::writeBurst(const std::vector<BurstWrite>& burst) {
-    const bool endsOnMedium = journal_->writesAhead();
+void Pager::writeBurst(const std::vector<uint32_t>& pages) {
+    std::vector<uint32_t> oldPages;
+    std::copy_if(pages.begin(), pages.end(), std::back_inserter(oldPages),
+                 [this](uint32_t page) { return !isNew(page); });
+    std::vector<uint8_t> oldBytes;
+    oldBytes.reserve(oldPages.size() * pageSize_);
+    for (const uint32_t number : oldPages) {
+        const std::span<const uint8_t> bytes = mapped(number);
+        oldBytes.insert(oldBytes.end(), bytes.begin(), bytes.end());
+    }
     try {
         writeNewPages();
         if (diskPages_ < pageCount_) {  // the last new pages were given up again
             diskPages_ = pageCount_;
             file_->resize(uint64_t{pageCount_} * pageSize_);
         }
-        for (const BurstWrite& write : burst)
+        for (const BurstWrite& write : burstOrder(images_, oldPages))
             file_->write(uint64_t{write.page} * pageSize_, {write.bytes, pageSize_});
-        file_->flush();
-        if (endsOnMedium) journal_->end(true);
+        remap();
+        endJournal();
     } catch (...) {
         broken_ = true;  // unless the old pages can be put back
-        journal_->restoreInto(*file_);
+        for (size_t i = 0; i < oldPages.size(); ++i)
+            file_->write(uint64_t{oldPages[i]} * pageSize_,
+                         std::span(oldBytes).subspan(i * pageSize_, pageSize_));
+        file_->flush();
         broken_ = false;
         throw;
     }
-    if (endsOnMedium) return;
+}
+
+void Pager::endJournal() {
+    ending_.start([this] {
+        file_->flush();
+        journal_->end();
+    });
+}
+
+void Pager::finishWriting() {
     try {
-        journal_->end(false);
-    } catch (const base::Error&) {
-        // All is on the medium, which the journal's checksums tell whoever reads it.
+        ending_.wait();
+    } catch (...) {
+        broken_ = true;
+        throw;
     }
 }
 
@@ -259,12 +282,14 @@ void Pager::rollback() noexcept {
     pageCount_ = oldPageCount_;
     try {
         if (!broken_) {
+            // Once the file is cut, a complete journal would be wrong.
+            if (journalState_ == JournalState::Finished) journal_->unfinish();
             if (diskPages_ > oldPageCount_) {
                 unmap();
                 file_->resize(uint64_t{oldPageCount_} * pageSize_);
                 diskPages_ = oldPageCount_;
             }
-            if (journal_ && journal_->isActive()) journal_->end(true);
+            if (journalState_ != JournalState::None) journal_->end();
         }
     } catch (...) {
         // The journal stays: the next opening, or the next transaction, mends the size.
@@ -284,6 +309,7 @@ void Pager::endTransaction() {
     lateStage_ = false;
     newImages_ = 0;
     takenPages_.clear();
+    journalState_ = JournalState::None;
     oldPageCount_ = pageCount_;
 }
 

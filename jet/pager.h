@@ -18,6 +18,7 @@
 #include "jet/format.h"
 #include "jet/journal.h"
 #include "jet/pageimage.h"
+#include "jet/worker.h"
 
 namespace jet {
 
@@ -71,9 +72,12 @@ class Pager {
     // Writes new pages ahead when too many are held. Only when no edited page is at hand.
     void relieve();
 
-    // On error rollback() must follow.
+    // The changes are on the medium afterwards, in the journal at least; another thread sees to it
+    // that they are in the file, too, and then ends the journal. On error rollback() must follow.
     void commit();
     void rollback() noexcept;
+    // Waits for that other thread; throws what it met.
+    void finishWriting();
 
   private:
     [[noreturn]] void noSuchPage(uint32_t number) const;
@@ -81,10 +85,13 @@ class Pager {
     void makeZeroPage(uint32_t number, PageRole role);
     void writeNewPages();
     void writeRun(uint32_t first, std::span<const uint8_t> bytes);
-    void writeBurst(const std::vector<BurstWrite>& burst);
-    void journalPages(const std::vector<uint32_t>& pages);
     void startJournal(bool writesAhead);
+    void journalPages(const std::vector<uint32_t>& pages);
+    void writeBurst(const std::vector<uint32_t>& pages);
+    void endJournal();
     std::vector<uint32_t> changedPages() const;
+    // As it is in the file.
+    std::span<const uint8_t> mapped(uint32_t number) const;
     void remap();
     void unmap();
     void endTransaction();
@@ -103,13 +110,18 @@ class Pager {
 
     bool inTransaction_ = false;
     bool lateStage_ = false;
-    bool broken_ = false;  // a burst failed and its journal could not be put back
+    bool broken_ = false;  // what the journal says is still to be done
     uint32_t oldPageCount_ = 0;
     uint32_t diskPages_ = 0;  // as far as the file extends now
     uint64_t newImages_ = 0;
     std::unordered_map<uint32_t, PageImage> images_;
     std::unordered_set<uint32_t> takenPages_;
     std::unique_ptr<JournalWriter> journal_;  // from the first transaction that needs one
+    // Of this transaction's journal.
+    enum class JournalState : uint8_t { None, WritesAhead, Begun, Finished };
+    JournalState journalState_ = JournalState::None;
+    // Ends the last transaction's journal; uses file_ and journal_, so it goes first.
+    Worker ending_;
 };
 
 }  // namespace jet

@@ -127,6 +127,10 @@ bool Store::inTransaction() const {
     return parts_->context.pager.inTransaction();
 }
 
+void Store::finishWriting() {
+    parts_->context.pager.finishWriting();
+}
+
 uint64_t Store::changeCount() const {
     return parts_->context.changes;
 }

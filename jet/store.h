@@ -14,7 +14,7 @@ struct Format;
 
 struct StoreOptions {
     // New pages of a transaction kept in memory before they are written ahead of its commit.
-    uint64_t spillBytes = uint64_t{8} << 20;
+    uint64_t spillBytes = uint64_t{1} << 20;
 };
 
 // Not for use by two threads at once. Names ignore case.
@@ -47,6 +47,9 @@ class Store {
     // Never throws; does nothing without a transaction.
     void rollback() noexcept;
     bool inTransaction() const;
+    // Waits until what was committed is in the file itself, on the medium, and not in the journal
+    // alone; throws when it does not get there: then the next opening sees to it.
+    void finishWriting();
 
     // Grows with every change of any row, rollbacks included: what was read before may be stale.
     uint64_t changeCount() const;

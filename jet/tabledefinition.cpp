@@ -155,7 +155,8 @@ const Column* TableDefinition::find(std::u16string_view columnName) const {
         return a == b || base::upper(a) == base::upper(b);
     };
     for (const Column& column : columns)
-        if (std::equal(column.name.begin(), column.name.end(), columnName.begin(), columnName.end(),
+        if (column.name == columnName ||
+            std::equal(column.name.begin(), column.name.end(), columnName.begin(), columnName.end(),
                        sameCharacter)) {
             return &column;
         }

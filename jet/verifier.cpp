@@ -51,7 +51,7 @@ Verification verifyDatabase(FileStore& files, std::u16string_view path) {
     findings.attempt([&] {
         const Format& format = checkedFormat(*file);
         if (needsRecovery(files, path, *file))
-            findings.add(u"Une écriture interrompue doit encore être annulée.");
+            findings.add(u"Une écriture interrompue doit encore être achevée ou annulée.");
         StoreContext context(files, std::u16string(path), std::move(file), true, format, 0);
         PageClaims claims(context.pager.pageCount(), findings);
         claimFixedPages(context.pager, claims, findings);

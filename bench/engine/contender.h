@@ -30,6 +30,9 @@ struct LookUp {
 // How many a run over a new CD does.
 constexpr size_t kLookUps = 10'000;
 
+// How many CDs are added without a rest.
+constexpr size_t kCdsInARow = 10;
+
 // The first screen of a list.
 constexpr size_t kVisibleRows = 40;
 
@@ -48,6 +51,8 @@ class Contender {
     virtual void begin() = 0;
     virtual void append(std::span<const Row> rows) = 0;
     virtual void commit() = 0;
+    // Waits for what a commit that is durable leaves to be done in the background.
+    virtual void idle() {}
     // What a careful owner does once after much was appended.
     virtual void settle() {}
     // Inside a transaction.

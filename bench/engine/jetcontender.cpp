@@ -77,6 +77,10 @@ void JetContender::commit() {
     transaction_.reset();
 }
 
+void JetContender::idle() {
+    database_->Idle();
+}
+
 void JetContender::deleteCd(const std::string& cd) {
     const auto rows = database_->OpenRecordset(u"SELECT * from Listdonnees where Compilation=" +
                                                base::quoted(base::fromUtf8(cd)));

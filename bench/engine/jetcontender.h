@@ -24,6 +24,7 @@ class JetContender : public Contender {
     void begin() override;
     void append(std::span<const Row> rows) override;
     void commit() override;
+    void idle() override;
     void deleteCd(const std::string& cd) override;
     size_t list(const Listing& listing, std::vector<std::string>& screen) override;
     std::vector<int64_t> listedSizes() override;

@@ -83,11 +83,15 @@ Touched Collection::lookUps() const {
 }
 
 Touched Collection::changingCd() const {
-    return {.bytes = 2 * fileBytes * kRowsOfCd / rows, .flushes = 2};
+    return {.bytes = 2 * fileBytes * kRowsOfCd / rows, .flushes = 1};
 }
 
 Touched Collection::replacingCd() const {
-    return {.bytes = 2 * changingCd().bytes, .flushes = 2};
+    return {.bytes = 2 * changingCd().bytes, .flushes = 1};
+}
+
+Touched Collection::addingCds() const {
+    return {.bytes = kCdsInARow * changingCd().bytes, .flushes = kCdsInARow};
 }
 
 }  // namespace bench

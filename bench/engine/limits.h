@@ -55,8 +55,10 @@ struct Collection {
     Touched firstLookUps() const;
     // For each a place in the index, one where the text begins, one of the text.
     Touched lookUps() const;
-    // The pages of a CD's rows, twice: into the journal, then into the file. A flush for each.
+    // The pages of a CD's rows, twice: into the journal, which is flushed, then into the file.
     Touched changingCd() const;
+    // The same kCdsInARow times.
+    Touched addingCds() const;
     // Both the pages of the old rows and those of the new ones.
     Touched replacingCd() const;
 };

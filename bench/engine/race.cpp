@@ -28,10 +28,15 @@ std::vector<int64_t> sorted(std::vector<int64_t> values) {
     return values;
 }
 
-void transact(Contender& contender, const std::function<void()>& changes) {
-    contender.begin();
-    changes();
-    contender.commit();
+// The seconds until it is durable.
+double transact(Contender& contender, const std::function<void()>& changes) {
+    const double seconds = timed([&] {
+        contender.begin();
+        changes();
+        contender.commit();
+    });
+    contender.idle();
+    return seconds;
 }
 
 std::vector<LookUp> lookUpsIn(size_t cds, size_t count, bool withSize) {
@@ -93,7 +98,10 @@ double Race::fill(Contender& contender) const {
         const std::vector<Row> rows = rowsOfCd(cd);
         seconds += timed([&] { contender.append(rows); });
     }
-    seconds += timed([&] { contender.commit(); });
+    seconds += timed([&] {
+        contender.commit();
+        contender.idle();
+    });
     contender.settle();
     return seconds;
 }
@@ -189,10 +197,10 @@ void Race::raceChanges() {
     const Listing everything;
     std::vector<std::string> screen;
     const auto add = [&](Contender& contender) {
-        return timed([&] { transact(contender, [&] { contender.append(rows); }); });
+        return transact(contender, [&] { contender.append(rows); });
     };
     const auto remove = [&](Contender& contender) {
-        return timed([&] { transact(contender, [&] { contender.deleteCd(name); }); });
+        return transact(contender, [&] { contender.deleteCd(name); });
     };
     race("add a CD of 500 rows, durably", kMostRounds, &Collection::changingCd,
          [&](Contender& contender) {
@@ -200,17 +208,28 @@ void Race::raceChanges() {
              remove(contender);
              return seconds;
          });
-    race("delete it, durably", kMostRounds, &Collection::changingCd, [&](Contender& contender) {
+    race("add ten, each durably, one after the other", kMostRounds, &Collection::addingCds,
+         [&](Contender& contender) {
+             const double seconds = timed([&] {
+                 for (size_t cd = 0; cd < kCdsInARow; ++cd) {
+                     contender.begin();
+                     contender.append(rows);
+                     contender.commit();
+                 }
+                 contender.idle();
+             });
+             remove(contender);
+             return seconds;
+         });
+    race("delete one, durably", kMostRounds, &Collection::changingCd, [&](Contender& contender) {
         add(contender);
         return remove(contender);
     });
     race("replace it, durably", kMostRounds, &Collection::replacingCd, [&](Contender& contender) {
         add(contender);
-        const double seconds = timed([&] {
-            transact(contender, [&] {
-                contender.deleteCd(name);
-                contender.append(rows);
-            });
+        const double seconds = transact(contender, [&] {
+            contender.deleteCd(name);
+            contender.append(rows);
         });
         remove(contender);
         return seconds;

@@ -1,6 +1,7 @@
 #include "tests/fakes/faultyfilestore.h"
 
 #include <algorithm>
+#include <mutex>
 
 #include "base/error.h"
 
@@ -25,20 +26,26 @@ class FaultyFile : public jet::File {
         if (writable_) content_->open = true;
     }
     ~FaultyFile() override {
+        const std::scoped_lock lock(store_.mutex_);
         if (writable_) content_->open = false;
     }
     FaultyFile(const FaultyFile&) = delete;
     FaultyFile& operator=(const FaultyFile&) = delete;
 
-    uint64_t size() override { return content_->bytes.size(); }
+    uint64_t size() override {
+        const std::scoped_lock lock(store_.mutex_);
+        return content_->bytes.size();
+    }
 
     void read(uint64_t offset, std::span<uint8_t> bytes) override {
+        const std::scoped_lock lock(store_.mutex_);
         if (offset + bytes.size() > content_->bytes.size()) throwFault(path_);
         std::copy_n(content_->bytes.begin() + static_cast<ptrdiff_t>(offset), bytes.size(),
                     bytes.begin());
     }
 
     void write(uint64_t offset, std::span<const uint8_t> bytes) override {
+        const std::scoped_lock lock(store_.mutex_);
         const bool partly = beginOperation();
         if (partly) bytes = bytes.first(bytes.size() / 2);
         change({.offset = offset, .bytes = {bytes.begin(), bytes.end()}, .newSize = {}});
@@ -46,12 +53,14 @@ class FaultyFile : public jet::File {
     }
 
     void resize(uint64_t size) override {
+        const std::scoped_lock lock(store_.mutex_);
         if (beginOperation()) throwFault(path_);
         if (size < mapped_) throw std::logic_error("the file shrinks under its view");
         change({.offset = 0, .bytes = {}, .newSize = size});
     }
 
     void flush() override {
+        const std::scoped_lock lock(store_.mutex_);
         if (beginOperation()) throwFault(path_);
         ++store_.flushes_;
         for (const FaultyFileStore::Change& change : content_->pending)
@@ -61,6 +70,7 @@ class FaultyFile : public jet::File {
     }
 
     std::span<const uint8_t> map(uint64_t size) override {
+        const std::scoped_lock lock(store_.mutex_);
         if (size > content_->bytes.size()) throwFault(path_);
         mapped_ = size;
         return {content_->bytes.data(), static_cast<size_t>(size)};
@@ -87,6 +97,7 @@ class FaultyFile : public jet::File {
 };
 
 void FaultyFileStore::put(std::u16string_view path, FileBytes bytes) {
+    const std::scoped_lock lock(mutex_);
     auto content = std::make_shared<Content>();
     content->bytes.reserve(std::max<size_t>(capacity_, bytes.size()));
     content->bytes.assign(bytes.begin(), bytes.end());
@@ -96,15 +107,37 @@ void FaultyFileStore::put(std::u16string_view path, FileBytes bytes) {
 }
 
 FileBytes FaultyFileStore::get(std::u16string_view path) const {
+    const std::scoped_lock lock(mutex_);
     const auto found = files_.find(path);
     return found == files_.end() ? FileBytes() : FileBytes(found->second->bytes);
 }
 
 void FaultyFileStore::failAt(uint64_t operation, Fault fault) {
+    const std::scoped_lock lock(mutex_);
     operations_ = 0;
     faultAt_ = operation;
     fault_ = fault;
     cut_ = false;
+}
+
+uint64_t FaultyFileStore::operations() const {
+    const std::scoped_lock lock(mutex_);
+    return operations_;
+}
+
+uint64_t FaultyFileStore::flushes() const {
+    const std::scoped_lock lock(mutex_);
+    return flushes_;
+}
+
+void FaultyFileStore::setReadOnly(bool readOnly) {
+    const std::scoped_lock lock(mutex_);
+    readOnly_ = readOnly;
+}
+
+void FaultyFileStore::setCapacity(uint64_t bytes) {
+    const std::scoped_lock lock(mutex_);
+    capacity_ = bytes;
 }
 
 bool FaultyFileStore::beginOperation(std::u16string_view path) {
@@ -127,6 +160,7 @@ void FaultyFileStore::apply(FileBytes& bytes, const Change& change) {
 }
 
 std::unique_ptr<FaultyFileStore> FaultyFileStore::afterCrash(std::optional<uint32_t> seed) const {
+    const std::scoped_lock lock(mutex_);
     auto after = std::make_unique<FaultyFileStore>(capacity_);
     if (!seed) {
         for (const auto& [path, content] : files_)
@@ -152,6 +186,7 @@ std::unique_ptr<FaultyFileStore> FaultyFileStore::afterCrash(std::optional<uint3
 }
 
 std::unique_ptr<jet::File> FaultyFileStore::open(std::u16string_view path) {
+    const std::scoped_lock lock(mutex_);
     const auto found = files_.find(path);
     if (found == files_.end())
         throw Error(ErrorNumber::FileNotFoundByEngine, u"Absent.", std::u16string(path));
@@ -161,6 +196,7 @@ std::unique_ptr<jet::File> FaultyFileStore::open(std::u16string_view path) {
 }
 
 std::unique_ptr<jet::File> FaultyFileStore::openReadOnly(std::u16string_view path) {
+    const std::scoped_lock lock(mutex_);
     const auto found = files_.find(path);
     if (found == files_.end())
         throw Error(ErrorNumber::FileNotFoundByEngine, u"Absent.", std::u16string(path));
@@ -168,6 +204,7 @@ std::unique_ptr<jet::File> FaultyFileStore::openReadOnly(std::u16string_view pat
 }
 
 std::unique_ptr<jet::File> FaultyFileStore::create(std::u16string_view path) {
+    const std::scoped_lock lock(mutex_);
     if (readOnly_) throw Error(ErrorNumber::PermissionDenied, u"Lecture seule.");
     if (beginOperation(path)) throwFault(path);
     const auto found = files_.find(path);
@@ -178,10 +215,12 @@ std::unique_ptr<jet::File> FaultyFileStore::create(std::u16string_view path) {
 }
 
 bool FaultyFileStore::exists(std::u16string_view path) {
+    const std::scoped_lock lock(mutex_);
     return files_.contains(path);
 }
 
 void FaultyFileStore::remove(std::u16string_view path) {
+    const std::scoped_lock lock(mutex_);
     const auto found = files_.find(path);
     if (found == files_.end()) throw Error(ErrorNumber::FileNotFound, u"Absent.");
     if (beginOperation(path)) throwFault(path);

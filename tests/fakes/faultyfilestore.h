@@ -6,6 +6,7 @@
 #include <limits>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <random>
 #include <string>
@@ -26,6 +27,7 @@ enum class Fault {
     CutBefore,     // the operation does nothing; this and all later ones throw
 };
 
+// Its files may be used by several threads.
 class FaultyFileStore : public jet::FileStore {
   public:
     // Files get no larger than `capacity` bytes, which each of them takes in memory: small stores
@@ -39,14 +41,14 @@ class FaultyFileStore : public jet::FileStore {
 
     // The changing operations (write, resize, flush, create, remove) since the last call of
     // failAt(), which makes number `operation`, from 0 on, go wrong.
-    uint64_t operations() const { return operations_; }
+    uint64_t operations() const;
     // The flushes there have been.
-    uint64_t flushes() const { return flushes_; }
+    uint64_t flushes() const;
     void failAt(uint64_t operation, Fault fault);
     // Files refuse to be opened for writing.
-    void setReadOnly(bool readOnly) { readOnly_ = readOnly; }
+    void setReadOnly(bool readOnly);
     // The most bytes a file may have from now on; writing past it fails with DiskFull.
-    void setCapacity(uint64_t bytes) { capacity_ = bytes; }
+    void setCapacity(uint64_t bytes);
 
     // The files after the power comes back: all that was flushed, and of the rest a random choice,
     // whole or torn. Without a seed everything that was written is there, as after a killed
@@ -84,6 +86,7 @@ class FaultyFileStore : public jet::FileStore {
     void endOperation(std::u16string_view path) const;
     static void apply(FileBytes& bytes, const Change& change);
 
+    mutable std::mutex mutex_;  // of all below
     std::map<std::u16string, std::shared_ptr<Content>, std::less<>> files_;
     // Names removed since: the removal itself may be lost.
     std::map<std::u16string, std::shared_ptr<Content>, std::less<>> removed_;

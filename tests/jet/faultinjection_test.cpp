@@ -126,6 +126,7 @@ class FaultInjectionTest : public testing::TestWithParam<Scenario> {
         store.begin();
         jet::changeEarlier(store.table(kTable));
         store.commit();
+        store.finishWriting();
     }
 
     static std::unique_ptr<Store> openStore(FaultyFileStore& files) {

@@ -16,68 +16,120 @@ class JournalTest : public testing::Test {
         old_ = identify(*files_.open(kPath), kPageSize);
     }
 
-    // Begins the journal of a transaction that makes the file longer, and breaks off before its
-    // end; gives the size of the file after mending.
-    uint64_t sizeMended(bool writesAhead, bool complete) {
+    // Begins the journal of a transaction that makes the file longer by three pages and changes
+    // page 5, and breaks off before its end, or at it; the file got longer already. Gives it
+    // mended.
+    fakes::FileBytes mended(bool writesAhead, bool complete) {
         auto journal = std::make_unique<JournalWriter>(files_, kPath, kPageSize);
         journal->begin(old_, writesAhead);
-        const fakes::FileBytes before = files_.get(kPath);
-        for (uint32_t page = 2; page < 12; ++page)
-            journal->addPage(page, std::span(before).subspan(page * kPageSize, kPageSize),
-                             std::vector<uint8_t>(kPageSize, 7));
+        journal->addPage(5, changed_);
         if (complete) journal->finish(size_ + 3 * kPageSize);
         journal.reset();
-        files_.open(kPath)->resize(size_ + 3 * kPageSize);
-        const auto file = files_.open(kPath);
-        recoverFromJournal(files_, kPath, *file);
+        files_.open(kPath)->resize(size_ + kPageSize);
+        recoverFromJournal(files_, kPath, *files_.open(kPath));
         EXPECT_FALSE(files_.exists(journalPath(kPath)));
-        return file->size();
+        return files_.get(kPath);
     }
 
+    const std::vector<uint8_t> changed_ = std::vector<uint8_t>(kPageSize, 7);
     fakes::FaultyFileStore files_;
     uint64_t size_ = 0;
     FileIdentity old_{};
 };
 
 TEST_F(JournalTest, PagesWrittenAheadAreCutOff) {
-    EXPECT_EQ(sizeMended(true, false), size_);
+    const fakes::FileBytes before = files_.get(kPath);
+    EXPECT_EQ(mended(true, false), before);
 }
 
-TEST_F(JournalTest, ACompleteJournalUndoes) {
-    EXPECT_EQ(sizeMended(false, true), size_);
+TEST_F(JournalTest, ACompleteJournalIsCarriedOut) {
+    for (const bool writesAhead : {false, true}) {
+        SetUp();
+        fakes::FileBytes after = files_.get(kPath);
+        std::copy(changed_.begin(), changed_.end(), after.begin() + 5 * kPageSize);
+        after.resize(size_ + 3 * kPageSize);
+        EXPECT_EQ(mended(writesAhead, true), after);
+    }
+}
+
+TEST_F(JournalTest, OneThatIsTakenBackOrEndedSaysNothing) {
+    for (const bool ended : {false, true}) {
+        JournalWriter journal(files_, kPath, kPageSize);
+        journal.begin(old_, false);
+        journal.addPage(5, changed_);
+        journal.finish(size_);
+        ASSERT_TRUE(needsRecovery(files_, kPath, *files_.open(kPath)));
+        if (ended)
+            journal.end();
+        else
+            journal.unfinish();
+        // Not even after the power was cut.
+        for (uint32_t seed = 0; seed < 6; ++seed) {
+            const auto after = files_.afterCrash(seed);
+            EXPECT_FALSE(needsRecovery(*after, kPath, *after->open(kPath)));
+        }
+    }
+}
+
+TEST_F(JournalTest, OneThatIsTakenBackStillTellsTheOldSize) {
+    {
+        JournalWriter journal(files_, kPath, kPageSize);
+        journal.begin(old_, true);
+        journal.addPage(5, changed_);
+        journal.finish(size_ + kPageSize);
+        journal.unfinish();
+    }
+    const fakes::FileBytes before = files_.get(kPath);
+    files_.open(kPath)->resize(size_ + kPageSize);
+    recoverFromJournal(files_, kPath, *files_.open(kPath));
+    EXPECT_EQ(files_.get(kPath), before);
 }
 
 // What is left of an earlier transaction's journal, half overwritten by the next, says nothing.
 TEST_F(JournalTest, ABrokenOneWithoutPagesWrittenAheadChangesNothing) {
     JournalWriter journal(files_, kPath, kPageSize);
     journal.begin(old_, false);
-    const std::vector<uint8_t> page(kPageSize, 7);
     for (uint32_t number = 0; number < 70; ++number)  // more than waits in memory
-        journal.addPage(2, page, page);
+        journal.addPage(2, changed_);
     files_.open(kPath)->resize(size_ + kPageSize);
     const auto file = files_.open(kPath);
     ASSERT_GT(files_.get(journalPath(kPath)).size(), 60 * kPageSize);
     EXPECT_FALSE(needsRecovery(files_, kPath, *file));
 }
 
-TEST_F(JournalTest, ATransactionThatReachedTheFileStands) {
-    fakes::FileBytes bytes = files_.get(kPath);
+TEST_F(JournalTest, AFileThatTheTransactionReachedNeedsNoMending) {
     JournalWriter journal(files_, kPath, kPageSize);
     journal.begin(old_, false);
-    const std::vector<uint8_t> changed(kPageSize, 7);
     const std::vector<uint8_t> added(kPageSize, 8);
-    journal.addPage(5, std::span(bytes).subspan(5 * kPageSize, kPageSize), changed);
-    const auto newPage = static_cast<uint32_t>(size_ / kPageSize);
-    journal.addNewPage(newPage, added);
-    journal.finish(size_ + kPageSize);
+    journal.addPage(5, changed_);
+    journal.addPage(static_cast<uint32_t>(size_ / kPageSize), added);
+    journal.finish(size_ + 2 * kPageSize);
     const auto file = files_.open(kPath);
     EXPECT_TRUE(needsRecovery(files_, kPath, *file));
-    file->write(5 * kPageSize, changed);
+    file->write(5 * kPageSize, changed_);
     EXPECT_TRUE(needsRecovery(files_, kPath, *file));
     file->write(size_, added);
+    EXPECT_TRUE(needsRecovery(files_, kPath, *file));
+    file->resize(size_ + 2 * kPageSize);
     EXPECT_FALSE(needsRecovery(files_, kPath, *file));
     file->write(size_ + kPageSize - 1, std::vector<uint8_t>(1, 9));
     EXPECT_TRUE(needsRecovery(files_, kPath, *file));
+}
+
+// A killed process may leave what only the system knows; without the journal, losing the power then
+// would harm the file.
+TEST_F(JournalTest, MendingFlushesTheFileBeforeTheJournalGoes) {
+    {
+        JournalWriter journal(files_, kPath, kPageSize);
+        journal.begin(old_, false);
+        journal.addPage(5, changed_);
+        journal.finish(size_);
+    }
+    files_.open(kPath)->write(5 * kPageSize, changed_);
+    recoverFromJournal(files_, kPath, *files_.open(kPath));
+    const fakes::FileBytes after = files_.get(kPath);
+    for (uint32_t seed = 0; seed < 6; ++seed)
+        EXPECT_EQ(files_.afterCrash(seed)->get(kPath), after);
 }
 
 }  // namespace

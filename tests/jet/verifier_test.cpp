@@ -240,7 +240,7 @@ TEST(VerifierTest, ChangesNothingAndTellsOfAnInterruptedTransaction) {
     const Verification verification = verifyDatabase(*crashed, kPath);
     ASSERT_FALSE(verification.findings.empty());
     EXPECT_EQ(verification.findings.front().text,
-              u"Une écriture interrompue doit encore être annulée.");
+              u"Une écriture interrompue doit encore être achevée ou annulée.");
     EXPECT_EQ(crashed->get(kPath), before);
     EXPECT_EQ(crashed->get(journalPath(kPath)), journal);
     EXPECT_EQ(crashed->operations(), 0u);
