@@ -68,17 +68,19 @@ class Desktop:
             stderr=subprocess.DEVNULL))
 
     def _set_up_prefix(self, medium, drives, dpi):
+        # Types of drives and the resolution are read when the prefix starts, which it has not yet.
         self.set_medium("e", medium)
         if dpi != 96:
-            self.registry("HKCU\\Control Panel\\Desktop", "LogPixels", dpi, "REG_DWORD")
+            self._set_at_start("user.reg", "Control Panel\\Desktop", f'"LogPixels"=dword:{dpi:08x}')
         for letter, (folder, kind) in drives.items():
             self.set_medium(letter, folder)
-            self.registry("HKLM\\Software\\Wine\\Drives", f"{letter}:", _TYPE_NAMES[kind])
-        # Types of drives and the resolution are read when the prefix starts.
-        self.wineserver("-k")
+            self._set_at_start("system.reg", "Software\\Wine\\Drives",
+                               f'"{letter}:"="{_TYPE_NAMES[kind]}"')
 
-    def registry(self, key, name, value, kind="REG_SZ"):
-        self.wine("reg", "add", key, "/v", name, "/t", kind, "/d", str(value), "/f")
+    def _set_at_start(self, file, key, value):
+        """A line of the registry's files; one key may have several parts there."""
+        with open(self.prefix / file, "a", encoding="ascii") as registry:
+            registry.write("\n[" + key.replace("\\", "\\\\") + f"] 1\n{value}\n")
 
     def keep_accessible_names(self):
         """Lets programs that are started from now on find an accessibility service that keeps the
