@@ -13,8 +13,7 @@ namespace jet {
 
 namespace {
 
-// Header: magic, page size, whether pages are written ahead, salt, old size, header and global-map
-// identity, checksum.
+// Header: magic, page size, 0, salt, old size, header and global-map identity, checksum.
 constexpr uint64_t kMagic = 0x334C4E524A564942;  // "BIVJRNL3"
 constexpr size_t kHeaderSize = 56;
 constexpr size_t kChecksumAt = kHeaderSize - 8;
@@ -61,7 +60,6 @@ std::array<uint8_t, kHeaderSize> encode(const JournalHeader& header) {
     std::array<uint8_t, kHeaderSize> bytes{};
     put64(bytes.data(), kMagic);
     put32(bytes.data() + 8, header.pageSize);
-    put32(bytes.data() + 12, header.writesAhead ? 1 : 0);
     put64(bytes.data() + 16, header.salt);
     put64(bytes.data() + 24, header.oldState.size);
     put64(bytes.data() + 32, header.oldState.header);
@@ -75,7 +73,6 @@ std::optional<JournalHeader> readHeader(File& journal) {
     if (journal.size() < kHeaderSize) return std::nullopt;
     journal.read(0, bytes);
     const JournalHeader header{.pageSize = get32(bytes.data() + 8),
-                               .writesAhead = get32(bytes.data() + 12) != 0,
                                .salt = get64(bytes.data() + 16),
                                .oldState = {.header = get64(bytes.data() + 32),
                                             .globalMap = get64(bytes.data() + 40),
@@ -148,8 +145,7 @@ Finding judge(File& journal, const std::optional<JournalHeader>& header, File& f
     if (readRecords(journal, *header, [](const Record&, std::span<const uint8_t>) {}))
         return Finding::Complete;
     // Nothing of the old state was overwritten, so its global map must still be there.
-    if (!header->writesAhead || now.globalMap != header->oldState.globalMap)
-        return Finding::Worthless;
+    if (now.globalMap != header->oldState.globalMap) return Finding::Worthless;
     return now.size > header->oldState.size ? Finding::OldSizeOnly : Finding::Worthless;
 }
 
@@ -183,18 +179,19 @@ JournalWriter::JournalWriter(FileStore& files, std::u16string_view path, uint32_
     : files_(files),
       path_(journalPath(path)),
       file_(files.create(path_)),
-      header_{.pageSize = pageSize, .writesAhead = false, .salt = 0, .oldState = {}} {}
+      header_{.pageSize = pageSize, .salt = 0, .oldState = {}} {}
 
-void JournalWriter::begin(const FileIdentity& oldState, bool writesAhead) {
+void JournalWriter::begin(const FileIdentity& oldState) {
     std::random_device random;
     header_.salt = uint64_t{random()} << 32 | random();
     header_.oldState = oldState;
-    header_.writesAhead = writesAhead;
     records_ = 0;
     written_ = 0;
     const auto header = encode(header_);
     buffer_.assign(header.begin(), header.end());
-    if (!writesAhead) return;
+}
+
+void JournalWriter::secureOldState() {
     flushBuffer();
     file_->flush();
 }

@@ -29,8 +29,6 @@ FileIdentity identify(File& file, uint32_t pageSize);
 
 struct JournalHeader {
     uint32_t pageSize;
-    // Pages may be written before the journal is complete: then the old size must be restored.
-    bool writesAhead;
     uint64_t salt;  // so that no record of another journal can pass for one of this
     FileIdentity oldState;
 };
@@ -43,10 +41,11 @@ class JournalWriter {
     // Creates the file; it says nothing yet.
     JournalWriter(FileStore& files, std::u16string_view path, uint32_t pageSize);
 
-    // Starts the journal of a transaction. With `writesAhead` the old state's identity, its size
-    // above all, is on the medium afterwards, and new pages may be written; without, nothing may be
-    // written before finish().
-    void begin(const FileIdentity& oldState, bool writesAhead);
+    // Starts the journal of a transaction.
+    void begin(const FileIdentity& oldState);
+    // Puts the old state's identity, its size above all, on the medium: from then on new pages may
+    // be written.
+    void secureOldState();
     // Adds a page as the transaction leaves it.
     void addPage(uint32_t page, std::span<const uint8_t> bytes);
     // Makes the journal complete and puts it on the medium; from then on the transaction counts,

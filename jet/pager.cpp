@@ -164,7 +164,8 @@ void Pager::startJournal(bool writesAhead) {
     const FileIdentity oldState =
         identify(mapped(0), mapped(1), uint64_t{oldPageCount_} * pageSize_);
     journalState_ = writesAhead ? JournalState::WritesAhead : JournalState::Begun;
-    journal_->begin(oldState, writesAhead);
+    journal_->begin(oldState);
+    if (writesAhead) journal_->secureOldState();
 }
 
 void Pager::writeNewPages() {
@@ -288,6 +289,7 @@ void Pager::rollback() noexcept {
                 unmap();
                 file_->resize(uint64_t{oldPageCount_} * pageSize_);
                 diskPages_ = oldPageCount_;
+                file_->flush();
             }
             if (journalState_ != JournalState::None) journal_->end();
         }

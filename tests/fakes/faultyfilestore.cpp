@@ -60,6 +60,7 @@ class FaultyFile : public jet::File {
     }
 
     void flush() override {
+        if (const auto action = store_.flushAction()) action();
         const std::scoped_lock lock(store_.mutex_);
         if (beginOperation()) throwFault(path_);
         ++store_.flushes_;
@@ -117,7 +118,13 @@ void FaultyFileStore::failAt(uint64_t operation, Fault fault) {
     operations_ = 0;
     faultAt_ = operation;
     fault_ = fault;
+    cutAt_ = std::numeric_limits<uint64_t>::max();
     cut_ = false;
+}
+
+void FaultyFileStore::cutAt(uint64_t operation) {
+    const std::scoped_lock lock(mutex_);
+    cutAt_ = operation;
 }
 
 uint64_t FaultyFileStore::operations() const {
@@ -140,9 +147,24 @@ void FaultyFileStore::setCapacity(uint64_t bytes) {
     capacity_ = bytes;
 }
 
+void FaultyFileStore::onFlush(std::function<void()> action) {
+    const std::scoped_lock lock(mutex_);
+    onFlush_ = std::move(action);
+}
+
+std::function<void()> FaultyFileStore::flushAction() const {
+    const std::scoped_lock lock(mutex_);
+    return onFlush_;
+}
+
 bool FaultyFileStore::beginOperation(std::u16string_view path) {
     if (cut_) throwFault(path);
-    if (operations_++ != faultAt_) return false;
+    const uint64_t operation = operations_++;
+    if (operation == cutAt_) {
+        cut_ = true;
+        return true;
+    }
+    if (operation != faultAt_) return false;
     cut_ = fault_ == Fault::Cut || fault_ == Fault::CutBefore;
     if (fault_ == Fault::Fail || fault_ == Fault::CutBefore) throwFault(path);
     return fault_ != Fault::None;

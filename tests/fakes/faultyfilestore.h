@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <map>
 #include <memory>
@@ -45,6 +46,10 @@ class FaultyFileStore : public jet::FileStore {
     // The flushes there have been.
     uint64_t flushes() const;
     void failAt(uint64_t operation, Fault fault);
+    // Operation number `operation` is cut as by Fault::Cut, whatever failAt() asked for before it.
+    void cutAt(uint64_t operation);
+    // Called at the beginning of each flush, on the thread that flushes.
+    void onFlush(std::function<void()> action);
     // Files refuse to be opened for writing.
     void setReadOnly(bool readOnly);
     // The most bytes a file may have from now on; writing past it fails with DiskFull.
@@ -81,6 +86,7 @@ class FaultyFileStore : public jet::FileStore {
         bool durableName = false;
     };
 
+    std::function<void()> flushAction() const;
     // Throws what failAt() asked for; gives whether the operation is to be done in part only.
     bool beginOperation(std::u16string_view path);
     void endOperation(std::u16string_view path) const;
@@ -93,9 +99,11 @@ class FaultyFileStore : public jet::FileStore {
     uint64_t operations_ = 0;
     uint64_t flushes_ = 0;
     uint64_t faultAt_ = std::numeric_limits<uint64_t>::max();
+    uint64_t cutAt_ = std::numeric_limits<uint64_t>::max();
     Fault fault_ = Fault::None;
     bool cut_ = false;
     bool readOnly_ = false;
+    std::function<void()> onFlush_;
     uint64_t capacity_;
 };
 

@@ -146,9 +146,10 @@ class FaultInjectionTest : public testing::TestWithParam<Scenario> {
 
     // Opens the file, changes it; gives whether the commit came back without an error.
     bool run(FaultyFileStore& files, uint64_t failingOperation = ~uint64_t{0},
-             Fault fault = Fault::None) const {
+             Fault fault = Fault::None, uint64_t cutOperation = ~uint64_t{0}) const {
         const std::unique_ptr<Store> store = openStore(files);
         files.failAt(failingOperation, fault);
+        files.cutAt(cutOperation);
         try {
             store->begin();
             change(*store);
@@ -217,6 +218,22 @@ TEST_P(FaultInjectionTest, AnOperationThatFailsOnceRollsBackAndTheStoreGoesOn) {
                 EXPECT_EQ(contents(store->table(kTable)), afterRows_);
             }
             expectOldOrNew(files, true, operation);
+        }
+    }
+}
+
+// What fails before the commit is through is taken back: a cut on that way leaves either state,
+// too.
+TEST_P(FaultInjectionTest, TakingAFailedTransactionBackMayBeCutShort) {
+    constexpr uint64_t kSteps = 7;  // of taking back, at most
+    for (uint64_t operation = 0; operation < operations_; ++operation) {
+        for (uint64_t step = 1; step <= kSteps; ++step) {
+            SCOPED_TRACE(testing::Message() << "step " << step);
+            FaultyFileStore files(kCapacity);
+            files.put(kPath, before_);
+            const bool committed = run(files, operation, Fault::Fail, operation + step);
+            expectOldOrNew(*files.afterCrash({}), committed, operation);
+            expectOldOrNew(*files.afterCrash(static_cast<uint32_t>(step)), committed, operation);
         }
     }
 }

@@ -19,9 +19,10 @@ class JournalTest : public testing::Test {
     // Begins the journal of a transaction that makes the file longer by three pages and changes
     // page 5, and breaks off before its end, or at it; the file got longer already. Gives it
     // mended.
-    fakes::FileBytes mended(bool writesAhead, bool complete) {
+    fakes::FileBytes mended(bool complete) {
         auto journal = std::make_unique<JournalWriter>(files_, kPath, kPageSize);
-        journal->begin(old_, writesAhead);
+        journal->begin(old_);
+        journal->secureOldState();
         journal->addPage(5, changed_);
         if (complete) journal->finish(size_ + 3 * kPageSize);
         journal.reset();
@@ -39,23 +40,20 @@ class JournalTest : public testing::Test {
 
 TEST_F(JournalTest, PagesWrittenAheadAreCutOff) {
     const fakes::FileBytes before = files_.get(kPath);
-    EXPECT_EQ(mended(true, false), before);
+    EXPECT_EQ(mended(false), before);
 }
 
 TEST_F(JournalTest, ACompleteJournalIsCarriedOut) {
-    for (const bool writesAhead : {false, true}) {
-        SetUp();
-        fakes::FileBytes after = files_.get(kPath);
-        std::copy(changed_.begin(), changed_.end(), after.begin() + 5 * kPageSize);
-        after.resize(size_ + 3 * kPageSize);
-        EXPECT_EQ(mended(writesAhead, true), after);
-    }
+    fakes::FileBytes after = files_.get(kPath);
+    std::copy(changed_.begin(), changed_.end(), after.begin() + 5 * kPageSize);
+    after.resize(size_ + 3 * kPageSize);
+    EXPECT_EQ(mended(true), after);
 }
 
 TEST_F(JournalTest, OneThatIsTakenBackOrEndedSaysNothing) {
     for (const bool ended : {false, true}) {
         JournalWriter journal(files_, kPath, kPageSize);
-        journal.begin(old_, false);
+        journal.begin(old_);
         journal.addPage(5, changed_);
         journal.finish(size_);
         ASSERT_TRUE(needsRecovery(files_, kPath, *files_.open(kPath)));
@@ -74,7 +72,7 @@ TEST_F(JournalTest, OneThatIsTakenBackOrEndedSaysNothing) {
 TEST_F(JournalTest, OneThatIsTakenBackStillTellsTheOldSize) {
     {
         JournalWriter journal(files_, kPath, kPageSize);
-        journal.begin(old_, true);
+        journal.begin(old_);
         journal.addPage(5, changed_);
         journal.finish(size_ + kPageSize);
         journal.unfinish();
@@ -85,21 +83,24 @@ TEST_F(JournalTest, OneThatIsTakenBackStillTellsTheOldSize) {
     EXPECT_EQ(files_.get(kPath), before);
 }
 
-// What is left of an earlier transaction's journal, half overwritten by the next, says nothing.
-TEST_F(JournalTest, ABrokenOneWithoutPagesWrittenAheadChangesNothing) {
+// One that was never whole says nothing but the old size, and that of its own file alone.
+TEST_F(JournalTest, ABrokenOneChangesNoFileOfItsSizeNorOneThatWentOn) {
     JournalWriter journal(files_, kPath, kPageSize);
-    journal.begin(old_, false);
+    journal.begin(old_);
     for (uint32_t number = 0; number < 70; ++number)  // more than waits in memory
         journal.addPage(2, changed_);
-    files_.open(kPath)->resize(size_ + kPageSize);
-    const auto file = files_.open(kPath);
     ASSERT_GT(files_.get(journalPath(kPath)).size(), 60 * kPageSize);
+    const auto file = files_.open(kPath);
+    EXPECT_FALSE(needsRecovery(files_, kPath, *file));
+    file->resize(size_ + kPageSize);
+    EXPECT_TRUE(needsRecovery(files_, kPath, *file));
+    file->write(2 * kPageSize - 1, std::vector<uint8_t>(1, 0x55));  // the global map's last byte
     EXPECT_FALSE(needsRecovery(files_, kPath, *file));
 }
 
 TEST_F(JournalTest, AFileThatTheTransactionReachedNeedsNoMending) {
     JournalWriter journal(files_, kPath, kPageSize);
-    journal.begin(old_, false);
+    journal.begin(old_);
     const std::vector<uint8_t> added(kPageSize, 8);
     journal.addPage(5, changed_);
     journal.addPage(static_cast<uint32_t>(size_ / kPageSize), added);
@@ -116,12 +117,30 @@ TEST_F(JournalTest, AFileThatTheTransactionReachedNeedsNoMending) {
     EXPECT_TRUE(needsRecovery(files_, kPath, *file));
 }
 
+TEST_F(JournalTest, OneSpoiledAnywhereSaysNothing) {
+    {
+        JournalWriter journal(files_, kPath, kPageSize);
+        journal.begin(old_);
+        journal.addPage(5, changed_);
+        journal.finish(size_);
+    }
+    const auto file = files_.open(kPath);
+    ASSERT_TRUE(needsRecovery(files_, kPath, *file));
+    const fakes::FileBytes whole = files_.get(journalPath(kPath));
+    for (size_t at = 0; at < whole.size(); at += at < 200 ? 1 : 61) {
+        fakes::FileBytes spoiled = whole;
+        spoiled[at] ^= 0x10;
+        files_.put(journalPath(kPath), spoiled);
+        EXPECT_FALSE(needsRecovery(files_, kPath, *file)) << at;
+    }
+}
+
 // A killed process may leave what only the system knows; without the journal, losing the power then
 // would harm the file.
 TEST_F(JournalTest, MendingFlushesTheFileBeforeTheJournalGoes) {
     {
         JournalWriter journal(files_, kPath, kPageSize);
-        journal.begin(old_, false);
+        journal.begin(old_);
         journal.addPage(5, changed_);
         journal.finish(size_);
     }

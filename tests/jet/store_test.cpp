@@ -1,6 +1,8 @@
 #include "jet/store.h"
 
+#include <chrono>
 #include <limits>
+#include <thread>
 
 #include "jet/journal.h"
 #include "tests/jet/storefixture.h"
@@ -11,7 +13,16 @@ namespace {
 
 using base::ErrorNumber;
 
-class StoreTest : public StoreFixture {};
+class StoreTest : public StoreFixture {
+  protected:
+    // What another thread flushes fails.
+    void failInTheBackground() {
+        files_.onFlush([here = std::this_thread::get_id()] {
+            if (std::this_thread::get_id() != here)
+                throw base::Error(ErrorNumber::DeviceIo, u"Panne simulée.");
+        });
+    }
+};
 
 constexpr int code(ErrorNumber number) {
     return static_cast<int>(number);
@@ -154,24 +165,56 @@ TEST_F(StoreTest, ACommitWaitsForTheJournalAlone) {
     store_->finishWriting();
     EXPECT_EQ(files_.flushes(), before + 3);
 
-    files_.failAt(~uint64_t{0}, fakes::Fault::None);
+    failInTheBackground();
     appendRows(*store_, makeRows(20, 10));
-    store_->finishWriting();
-    const uint64_t operations = files_.operations();
-    files_.failAt(operations - 3,
-                  fakes::Fault::Fail);  // the file's flush; the journal's end follows
-    appendRows(*store_, makeRows(30, 10));
     EXPECT_EQ(errorOf([&] { store_->finishWriting(); }), code(ErrorNumber::DeviceIo));
-    EXPECT_EQ(contents(table()), lines(makeRows(0, 40)));
+    EXPECT_EQ(contents(table()), lines(makeRows(0, 30)));
     EXPECT_EQ(errorOf([&] { store_->begin(); }), code(ErrorNumber::NotWritable));
     store_.reset();
     // The medium has it nevertheless.
     for (uint32_t seed = 0; seed < 20; ++seed)
-        EXPECT_EQ(contentsOf(*files_.afterCrash(seed)), lines(makeRows(0, 40)));
+        EXPECT_EQ(contentsOf(*files_.afterCrash(seed)), lines(makeRows(0, 30)));
+    files_.onFlush({});
     open();
-    appendRows(*store_, makeRows(40, 10));
-    EXPECT_EQ(contents(table()), lines(makeRows(0, 50)));
+    appendRows(*store_, makeRows(30, 10));
+    EXPECT_EQ(contents(table()), lines(makeRows(0, 40)));
     expectSound();
+}
+
+TEST_F(StoreTest, TheNextCommitWritesNothingBeforeTheLastOneIsInTheFile) {
+    appendRows(*store_, makeRows(0, 10));
+    store_->finishWriting();
+    const std::thread::id here = std::this_thread::get_id();
+    bool held = false;
+    bool overtaken = false;
+    files_.failAt(~uint64_t{0}, fakes::Fault::None);
+    files_.onFlush([&] {
+        if (std::this_thread::get_id() == here || held) return;
+        held = true;
+        // Nobody else may write meanwhile, and so the patience is always used up.
+        const uint64_t before = files_.operations();
+        const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(200);
+        while (!overtaken && std::chrono::steady_clock::now() < end)
+            overtaken = files_.operations() != before;
+    });
+    appendRows(*store_, makeRows(10, 10));
+    appendRows(*store_, makeRows(20, 10));
+    store_->finishWriting();
+    EXPECT_TRUE(held);
+    EXPECT_FALSE(overtaken);
+}
+
+TEST_F(StoreTest, ATransactionDoesNotBeginOnceTheLastOneIsKnownNotToReachTheFile) {
+    failInTheBackground();
+    appendRows(*store_, makeRows(0, 10));
+    int error = 0;
+    constexpr int kPatience = 10'000'000;
+    for (int tries = 0; error == 0 && tries < kPatience; ++tries) {
+        error = errorOf([&] { store_->begin(); });
+        store_->rollback();
+    }
+    EXPECT_EQ(error, code(ErrorNumber::DeviceIo));
+    EXPECT_EQ(errorOf([&] { store_->begin(); }), code(ErrorNumber::NotWritable));
 }
 
 TEST_F(StoreTest, ChangesAreCounted) {
