@@ -230,7 +230,8 @@ TEST(VerifierTest, ChangesNothingAndTellsOfAnInterruptedTransaction) {
         const auto store = Store::open(files, kPath);
         files.failAt(~uint64_t{0}, fakes::Fault::None);
         appendRows(*store, makeRows(0, 40));
-        files.failAt(files.operations() - 4, fakes::Fault::Cut);
+        store->finishWriting();
+        files.failAt(files.operations() - 4, fakes::Fault::Cut);  // the last page of the burst
         EXPECT_THROW(appendRows(*store, makeRows(0, 40)), base::Error);
     }
     const auto crashed = files.afterCrash({});
