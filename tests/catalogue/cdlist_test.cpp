@@ -138,6 +138,7 @@ TEST(DeleteCd, KeepsEveryTrackWhenAWriteFails) {
         const auto catalogue = OpenCatalogue(files, testFolder);
         addTracks(*catalogue, std::u16string(u"Rock"), 40);
         addTracks(*catalogue, std::u16string(u"Jazz"), 3);
+        catalogue->Idle();
 
         fakes::ScriptedMessages messages = {Answer::Yes, Answer::Yes};
         files.failAt(operation, fakes::Fault::Fail);

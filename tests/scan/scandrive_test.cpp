@@ -210,6 +210,7 @@ TEST_F(ScanDrive, UnreadableTrackListIsReportedAndNothingIsLost) {
 TEST_F(ScanDrive, FailureAtAnyWriteLosesNothing) {
     addRow(u"Rock 1", u"Old", u"[CD]\\old.mp3");
     addFiles(100, u".mid", "");
+    catalogue_->Idle();
     uint64_t failing = 0;
     for (bool failed = true; failed; ++failing) {
         state_.SkipReplaceQuestion = true;
@@ -229,6 +230,7 @@ TEST_F(ScanDrive, FullDiskIsReportedAndNothingIsLost) {
     addRow(u"Rock 1", u"Old", u"[CD]\\old.mp3");
     addFiles(200, u".mid", "");
     state_.SkipReplaceQuestion = true;
+    catalogue_->Idle();
     store_.setCapacity(store_.get(catalogue::testCatalogue).size());
     try {
         scan();
