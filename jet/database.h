@@ -47,7 +47,8 @@ class Database {
     void CommitTrans();
     void Rollback();
     // Waits for what goes on in the background after a commit, which is on the medium already: its
-    // changes go from the journal into the file.
+    // changes go from the journal into the file. Throws when they do not get there: then no change
+    // is possible until the next opening, which sees to it.
     void Idle();
 
     // Rolls an open transaction back, then lets the file go. Harmless when closed already.

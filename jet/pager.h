@@ -52,7 +52,8 @@ class Pager {
     }
 
     bool inTransaction() const { return inTransaction_; }
-    // NotWritable when read-only or when an earlier failure could not be undone.
+    // NotWritable when read-only or when what an earlier journal says is still to be done; what
+    // another thread met meanwhile while it ended the last one.
     void begin();
 
     // The page's bytes for changing; valid until a call of relieve(), commit(), rollback(),

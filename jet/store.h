@@ -39,7 +39,8 @@ class Store {
     Table& table(std::u16string_view name);
 
     // Rows are appended and removed inside a transaction only; there is one at a time.
-    // NotWritable when the store is read-only.
+    // NotWritable when the store is read-only, or when an earlier transaction could be neither
+    // finished nor taken back; the error of finishWriting() when that is known by now.
     void begin();
     // All changes, on the medium, or an error and none of them: then the transaction is rolled back
     // already. Also fails after a write inside the transaction has failed.

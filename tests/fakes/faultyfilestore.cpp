@@ -1,7 +1,6 @@
 #include "tests/fakes/faultyfilestore.h"
 
 #include <algorithm>
-#include <mutex>
 
 #include "base/error.h"
 

@@ -89,7 +89,6 @@ class FaultyFileStore : public jet::FileStore {
     std::function<void()> flushAction() const;
     // Throws what failAt() asked for; gives whether the operation is to be done in part only.
     bool beginOperation(std::u16string_view path);
-    void endOperation(std::u16string_view path) const;
     static void apply(FileBytes& bytes, const Change& change);
 
     mutable std::mutex mutex_;  // of all below
