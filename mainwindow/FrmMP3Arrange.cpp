@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "mainwindow/FrmMP3.ids.h"
 #include "platform/win32/ui/accessible.h"
@@ -262,19 +263,14 @@ void FrmMP3Arrange::apply() {
 }
 
 void FrmMP3Arrange::placeAll() const {
-    HDWP moves = BeginDeferWindowPos(static_cast<int>(kIds.size() + kFormatBoxes));
-    const auto move = [&moves](HWND child, const platform::Box& box) {
-        moves = DeferWindowPos(moves, child, nullptr, box.left, box.top, box.width, box.height,
-                               SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
-    };
+    std::vector<ui::Placement> placements;
     for (size_t i = 0; i < kIds.size(); ++i)
-        move(control(static_cast<Control>(i)), layout_.boxes[i]);
-    for (size_t k = 0; k < kFormatBoxes; ++k)
-        move(GetDlgItem(window_, FrmMP3_CheckFormat0 + static_cast<int>(k)),
-             layout_.formatBoxes[k]);
-    EndDeferWindowPos(moves);
-    RedrawWindow(window_, nullptr, nullptr,
-                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+        placements.push_back({control(static_cast<Control>(i)), layout_.boxes[i]});
+    for (size_t k = 0; k < kFormatBoxes; ++k) {
+        placements.push_back({GetDlgItem(window_, FrmMP3_CheckFormat0 + static_cast<int>(k)),
+                              layout_.formatBoxes[k]});
+    }
+    ui::arrange(window_, placements);
 }
 
 void FrmMP3Arrange::moveSplit(int distance) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <utility>
+#include <vector>
 
 #include "config/playback.h"
 #include "newcd/FrmExisteFich.h"
@@ -112,13 +113,15 @@ void FrmInfoCopy::Form_Resize() {
          .headingHeight =
              ui::textHeight(item(FrmInfoCopy_LabelTitrelist), runListWidth(dpi(), client.width, 1)),
          .progressHeight = ui::linesHeight(item(FrmInfoCopy_LabelInfoCopy), kProgressLines)});
-    ui::moveWindow(item(FrmInfoCopy_LabelTitrelist), layout.LabelTitrelist);
-    ui::moveWindow(item(FrmInfoCopy_ListInfocopy), layout.ListInfocopy);
-    ui::moveWindow(item(FrmInfoCopy_LabelInfoCopy), layout.LabelInfoCopy);
-    ui::moveWindow(item(FrmInfoCopy_Progression), layout.progressBar);
-    ui::moveWindow(item(FrmInfoCopy_CommandCopier), layout.CommandCopier);
-    ui::moveWindow(item(FrmInfoCopy_ComAnnuleCopie), layout.ComAnnuleCopie);
-    InvalidateRect(window(), nullptr, TRUE);
+    const std::vector<ui::Placement> placements{
+        {item(FrmInfoCopy_LabelTitrelist), layout.LabelTitrelist},
+        {item(FrmInfoCopy_ListInfocopy), layout.ListInfocopy},
+        {item(FrmInfoCopy_LabelInfoCopy), layout.LabelInfoCopy},
+        {item(FrmInfoCopy_Progression), layout.progressBar},
+        {item(FrmInfoCopy_CommandCopier), layout.CommandCopier},
+        {item(FrmInfoCopy_ComAnnuleCopie), layout.ComAnnuleCopie},
+    };
+    ui::arrange(window(), placements);
 }
 
 // Handlers.

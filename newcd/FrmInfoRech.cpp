@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "config/playback.h"
 #include "newcd/FrmInfoRech.ids.h"
@@ -145,14 +146,16 @@ void FrmInfoRech::Form_Resize() {
          .headingHeight = std::max(ui::textHeight(item(FrmInfoRech_Label1_0), listWidth),
                                    ui::textHeight(item(FrmInfoRech_Label1_1), listWidth)),
          .progressHeight = ui::linesHeight(item(FrmInfoRech_Label2), kProgressLines)});
-    ui::moveWindow(item(FrmInfoRech_Label1_0), layout.Label1[0]);
-    ui::moveWindow(item(FrmInfoRech_Label1_1), layout.Label1[1]);
-    ui::moveWindow(item(FrmInfoRech_List1), layout.List1);
-    ui::moveWindow(item(FrmInfoRech_List2), layout.List2);
-    ui::moveWindow(item(FrmInfoRech_Label2), layout.Label2);
-    ui::moveWindow(item(FrmInfoRech_Progression), layout.progressBar);
-    ui::moveWindow(item(FrmInfoRech_CommandOkannul), layout.CommandOkannul);
-    InvalidateRect(window(), nullptr, TRUE);
+    const std::vector<ui::Placement> placements{
+        {item(FrmInfoRech_Label1_0), layout.Label1[0]},
+        {item(FrmInfoRech_Label1_1), layout.Label1[1]},
+        {item(FrmInfoRech_List1), layout.List1},
+        {item(FrmInfoRech_List2), layout.List2},
+        {item(FrmInfoRech_Label2), layout.Label2},
+        {item(FrmInfoRech_Progression), layout.progressBar},
+        {item(FrmInfoRech_CommandOkannul), layout.CommandOkannul},
+    };
+    ui::arrange(window(), placements);
 }
 
 // Handlers.

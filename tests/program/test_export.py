@@ -189,18 +189,12 @@ def test_an_older_file_is_replaced_once_the_user_agrees(main, tmp_path):
     target = tmp_path / "liste.txt"
     target.write_bytes(b"older and longer than the list itself\r\n" * 9)
     dialog = save_as(main, target)
-    question = wait_for(lambda: other_message(main, dialog), "the question")
+    question = main.program.message(other_than=dialog)
     main.desktop.keys("alt+o")
     question.wait_gone()
     dialog.wait_gone()
     wait_for(lambda: target.read_bytes() == text_of(TITLES).encode("cp1252"), "the new list")
     assert os.listdir(tmp_path) == ["liste.txt"]
-
-
-def other_message(main, known):
-    """A message box other than `known` that gets the keys."""
-    box = main.program.message_or_none()
-    return box if box and box.handle != known.handle else None
 
 
 def test_an_empty_list_is_saved_as_an_empty_file(main, tmp_path):
@@ -224,7 +218,7 @@ def test_a_target_that_cannot_be_written_is_reported_and_left_as_it_is(main, tmp
     os.chmod(folder, 0o555)
     dialog = save_as(main, folder / "liste.txt")
     try:
-        report = wait_for(lambda: other_message(main, dialog), "the report")
+        report = main.program.message(other_than=dialog)
         assert report.buttons() == ["OK"]
         assert "liste.txt" in report.text
         main.desktop.keys("Return")

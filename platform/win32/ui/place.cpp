@@ -42,6 +42,17 @@ void moveWindow(HWND window, const Box& box) {
                  SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+void arrange(HWND window, const std::vector<Placement>& placements) {
+    HDWP moves = BeginDeferWindowPos(static_cast<int>(placements.size()));
+    for (const auto& [control, box] : placements) {
+        moves = DeferWindowPos(moves, control, nullptr, box.left, box.top, box.width, box.height,
+                               SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
+    }
+    EndDeferWindowPos(moves);
+    RedrawWindow(window, nullptr, nullptr,
+                 RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+}
+
 void shiftControl(HWND control, int right, int down) {
     const Box box = controlBox(control);
     SetWindowPos(control, nullptr, box.left + right, box.top + down, 0, 0,

@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <vector>
+
 #include "platform/placement.h"
 
 namespace platform::win32 {
@@ -23,6 +25,16 @@ Box clientBox(HWND window);
 Box workAreaOf(HWND window);
 
 void moveWindow(HWND window, const Box& box);
+
+// A child of a window and the place that it is to take in the client area.
+struct Placement {
+    HWND control;
+    Box box;
+};
+
+// Places children of `window` all at once and lets all of it be painted anew: what the screen shows
+// is not moved along with them, since one may show what another has left there.
+void arrange(HWND window, const std::vector<Placement>& placements);
 
 // Moves a control by that much; its size stays, also that of a list that drops down from it.
 void shiftControl(HWND control, int right, int down);

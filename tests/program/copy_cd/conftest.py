@@ -5,14 +5,23 @@ import shutil
 import pytest
 
 from harness import medium, settings
+from harness.copies import LONG_SIZE
 from harness.desktop import FIXED, Desktop
+from harness.helddisk import HeldDisk
 from harness.player import RecordingPlayer
 from harness.program import Program
-
 
 @pytest.fixture(scope="module")
 def disk(tmp_path_factory):
     return tmp_path_factory.mktemp("disk")
+
+
+@pytest.fixture(scope="module")
+def held_disk(disk):
+    """Holds the disk of all of the module's programs."""
+    made = HeldDisk(disk)
+    yield made
+    made.close()
 
 
 @pytest.fixture(scope="module")
@@ -22,9 +31,10 @@ def source(album_folder):
 
 
 @pytest.fixture(scope="module")
-def desktop(disk, source):
+def desktop(disk, held_disk, source):
     """E: is a CD-ROM drive with the medium, H: the hard disk to copy to."""
-    with Desktop(medium=source, drives={"h": (disk, FIXED)}) as made:
+    with Desktop(medium=source, drives={"h": (disk, FIXED)},
+                 environment=held_disk.environment) as made:
         yield made
 
 
@@ -70,13 +80,16 @@ def main(shared, source, player, target):
 
 
 @pytest.fixture
-def long_medium(main, tmp_path):
-    """A large file between two small ones, in the order of the walk; takes no room itself."""
+def long_copy(main, held_disk, tmp_path):
+    """In the drive a file of LONG_SIZE bytes, of which the disk takes a quarter until it is let go, and
+    a small one that comes after it."""
     folder = tmp_path / "long"
     folder.mkdir()
     (folder / "gros.wav").write_bytes(medium.wav(1000))
-    os.truncate(folder / "gros.wav", 1 << 30)
+    os.truncate(folder / "gros.wav", LONG_SIZE)
     (folder / "suite").mkdir()
     (folder / "suite" / "petit.mid").write_bytes(medium.mid(60))
     main.desktop.set_medium("e", folder)
-    return folder
+    held_disk.hold(LONG_SIZE // 4)
+    yield held_disk
+    held_disk.let_go()

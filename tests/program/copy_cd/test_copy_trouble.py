@@ -2,7 +2,7 @@
 import pathlib
 
 from harness import catalogue, medium, settings
-from harness.copies import MUSIC, failing_copy, files, markers
+from harness.copies import LONG_SIZE, MUSIC, failing_copy, files, markers
 from harness.program import Program
 from harness.steps import add_cd, begin_copy, finish_copy, open_copy
 from harness.waiting import wait_for
@@ -20,18 +20,19 @@ def test_a_disc_taken_out_ends_the_copy_with_a_message(main, target):
     assert files(target) == {} and main.state["enabled"]
 
 
-def test_a_disc_taken_out_during_the_copy_keeps_what_is_whole(main, target, long_medium):
+def test_a_disc_taken_out_during_the_copy_keeps_what_is_whole(main, target, long_copy):
     window = begin_copy(main)
     window.CommandCopier.click()
-    wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+    wait_for(window.Progression.progress, "the copy to go on")
     main.desktop.set_medium("e", None)
+    long_copy.let_go()
     box = main.program.message()
     assert "E:\\suite\\petit.mid" in box.text
     box.answer("OK")
     main.program.wait_gone("FrmInfoCopy")
     assert [path.name for path in target.rglob("*") if path.is_file()] == ["gros.wav"]
     assert not list(target.rglob("~*"))
-    assert (target / "gros.wav").stat().st_size == 1 << 30
+    assert (target / "gros.wav").stat().st_size == LONG_SIZE
 
 
 def test_a_disc_taken_out_while_it_is_read_leaves_what_was_read(main, target, tmp_path):
@@ -64,13 +65,14 @@ def kill_during_the_copy(program):
     settings.change(program.settings, DestinationDrive="h:", CopyDestination="H:\\Copies")
     window = begin_copy(program.open())
     window.CommandCopier.click()
-    wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+    wait_for(window.Progression.progress, "the copy to go on")
     program.kill()
 
 
-def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_medium, album_folder):
+def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_copy, album_folder):
     with Program(desktop) as program:
         kill_during_the_copy(program)
+        long_copy.let_go()
         assert not (target / "gros.wav").exists()
         # What it was about to become lies there until the next copy into that folder.
         left, = target.iterdir()
@@ -81,12 +83,13 @@ def test_a_kill_during_the_copy_leaves_no_half_file(desktop, target, long_medium
     assert files(target) == {**MUSIC, "~Brivantole.tmp": b"somebody's own"}
 
 
-def test_a_kill_during_the_copy_to_a_large_folder_leaves_no_half_file(desktop, target, long_medium,
+def test_a_kill_during_the_copy_to_a_large_folder_leaves_no_half_file(desktop, target, long_copy,
                                                                       album_folder):
     others = {f"déjà là {number}.txt": b"" for number in range(LARGE_FOLDER)}
     medium.write(target, others)
     with Program(desktop) as program:
         kill_during_the_copy(program)
+        long_copy.let_go()
         left, = target.glob("~Brivantole*")
         assert left.is_dir() and len(list(left.iterdir())) >= 1
         assert not (target / "gros.wav").exists()

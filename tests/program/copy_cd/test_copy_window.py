@@ -4,8 +4,7 @@ import shutil
 import pytest
 
 from harness import medium, settings
-from harness.copies import cancel, files, markers
-from harness.names import control_ids
+from harness.copies import LONG_SIZE, cancel, files, markers
 from harness.program import Program
 from harness.runwindow import check_order, check_kept_size
 from harness.steps import begin_copy, open_copy
@@ -70,41 +69,38 @@ def test_after_the_copy_keys_close_the_window(main, target):
         target.mkdir()
 
 
-def test_a_long_copy_shows_its_progress_in_a_window_that_answers(main, target, long_medium):
+def test_a_long_copy_shows_its_progress_in_a_window_that_answers(main, target, long_copy):
     window = begin_copy(main)
     window.CommandCopier.click()
-    ids = [control_ids()["FrmInfoCopy"][name]
-           for name in ("LabelInfoCopy", "ListInfocopy", "CommandCopier", "Progression")]
-    positions = set()
-
-    def halfway():
-        # One look at all of it: the copy goes on meanwhile.
-        nodes = {node["id"]: node for node in window.children()}
-        if nodes[ids[0]]["text"] != "Copie de E:\\gros.wav\r\n\nGros":
-            return None
-        positions.add(window.Progression.progress())
-        return [nodes[number] for number in ids] if len(positions) > 3 else None
-    _, tracks, start, bar = wait_for(halfway, "the bar to move within one file")
-    assert not tracks["enabled"] and not start["enabled"] and bar["visible"]
-    before = window.size
-    window.resize(900, 600)
-    wait_for(lambda: window.size != before, "the window to answer")
-    wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy", deadline=120)
-    assert window.ListInfocopy.enabled and not window.Progression.visible
-    assert (target / "gros.wav").stat().st_size == 1 << 30
+    bar = window.Progression
+    first = wait_for(bar.progress, "the copy to go on")
+    assert window.LabelInfoCopy.text == "Copie de E:\\gros.wav\r\n\nGros" and bar.visible
+    assert not window.ListInfocopy.enabled and not window.CommandCopier.enabled
+    window.resize(700, 600)
+    wait_for(lambda: window.size == (700, 600), "the window to answer")
+    assert window.is_painted()
+    long_copy.hold(LONG_SIZE // 2)
+    wait_for(lambda: bar.progress() > first, "the bar to move within one file")
+    assert window.LabelInfoCopy.text == "Copie de E:\\gros.wav\r\n\nGros"
+    long_copy.let_go()
+    wait_for(lambda: window.ComAnnuleCopie.text == "OK", "the end of the copy")
+    assert window.ListInfocopy.enabled and not bar.visible
+    assert (target / "gros.wav").stat().st_size == LONG_SIZE
     assert (target / "suite" / "petit.mid").read_bytes() == medium.mid(60)
     cancel(window)
 
 
-def test_a_stop_takes_effect_after_the_file_in_progress(main, target, long_medium):
+def test_a_stop_takes_effect_after_the_file_in_progress(main, target, long_copy):
     window = begin_copy(main)
     window.CommandCopier.click()
-    wait_for(lambda: window.Progression.progress() > 0, "the copy to go on")
+    wait_for(window.Progression.progress, "the copy to go on")
     assert not (target / "gros.wav").exists()
-    window.ComAnnuleCopie.click()
-    wait_for(lambda: main.program.form_or_none("FrmInfoCopy") is None, "the end", deadline=120)
+    window.ComAnnuleCopie.click_until_heard()
+    assert main.program.form_or_none("FrmInfoCopy") and not (target / "gros.wav").exists()
+    long_copy.let_go()
+    main.program.wait_gone("FrmInfoCopy")
     assert [path.name for path in target.rglob("*")] == ["gros.wav"]
-    assert (target / "gros.wav").stat().st_size == 1 << 30
+    assert (target / "gros.wav").stat().st_size == LONG_SIZE
     assert markers(main.program) == []
 
 

@@ -5,6 +5,8 @@ from . import catalogue, medium
 MUSIC = {path: data for path, data in medium.album().items()
          if not path.endswith((".txt", ".bak", "faux.wav"))}
 
+LONG_SIZE = 64 << 20  # bytes, of a file that is watched while it is copied
+
 
 def files(folder):
     """Every file below a folder: its path to its bytes."""

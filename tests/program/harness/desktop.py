@@ -23,16 +23,17 @@ class Desktop:
     """Xvfb on a free display with a window manager, a fresh prefix, and the probe in it.
 
     `medium` is the folder in drive E: (None: no medium); `drives` are more of them, letter to
-    (folder, type). `dpi` is the screen's resolution as Windows programs see it.
+    (folder, type). `dpi` is the screen's resolution as Windows programs see it; `environment` is what
+    they find in theirs beside the usual.
     Permissions of files bind the programs on it, even when the tests are run by root.
     """
 
-    def __init__(self, medium=None, drives=None, dpi=96, size="1280x1000"):
+    def __init__(self, medium=None, drives=None, dpi=96, size="1280x1000", environment=None):
         self.folder = pathlib.Path(tempfile.mkdtemp(prefix="desktop.", dir=BUILD))
         self.prefix = self.folder / "prefix"
         self._processes = []
         self.probe = None
-        self.environment = self._wine_environment()
+        self.environment = {**self._wine_environment(), **(environment or {})}
         try:
             subprocess.run([ROOT / "tools" / "wine-prefix", self.prefix], check=True)
             self._start_screen(size)
@@ -192,13 +193,16 @@ class Desktop:
             over.set()
             watcher.join()
 
+    def active_window(self):
+        """The screen's number of the window that gets the keys."""
+        return subprocess.run(["xdotool", "getactivewindow"], env=self.environment, check=True,
+                              capture_output=True, text=True).stdout.strip()
+
     def active_icons(self):
         """The icons that the active window gives its title bar: width to rows of pixels, each
         (red, green, blue, alpha)."""
-        window = subprocess.run(["xdotool", "getactivewindow"], env=self.environment, check=True,
-                                capture_output=True, text=True).stdout.strip()
-        text = subprocess.run(["xprop", "-id", window, "-f", "_NET_WM_ICON", "32c", "-notype",
-                               "_NET_WM_ICON"], env=self.environment, check=True,
+        text = subprocess.run(["xprop", "-id", self.active_window(), "-f", "_NET_WM_ICON", "32c",
+                               "-notype", "_NET_WM_ICON"], env=self.environment, check=True,
                               capture_output=True, text=True).stdout
         numbers = [int(number) for number in text.partition("=")[2].split(",")]
         icons = {}

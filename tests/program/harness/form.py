@@ -73,6 +73,31 @@ class Window:
         self.desktop.xdo("getactivewindow", "windowminimize")
         wait_for(lambda: self.state["minimized"], f"{self.name} minimised")
 
+    def minimize_and_restore(self):
+        """Minimises the window, which is the active one, and brings it back as the task bar would."""
+        window = self.desktop.active_window()
+        self.minimize()
+        self.desktop.xdo("windowactivate", window)
+        wait_for(lambda: not self.state["minimized"], f"{self.name} restored")
+
+    def picture(self):
+        """What of its inside is on the screen, once nothing changes there any more."""
+        picture = None
+
+        def at_rest():
+            nonlocal picture
+            last, picture = picture, self.desktop.pixels(self.client)
+            return last == picture
+        wait_for(at_rest, f"{self.name} at rest")
+        return picture
+
+    def is_painted(self):
+        """Whether the screen shows of the window, which is the active one, what it shows when all of it
+        is painted anew."""
+        shown = self.picture()
+        self.minimize_and_restore()
+        return self.picture() == shown
+
     def resize(self, width, height):
         """Drags the lower right corner until the window would have this outer size, in pixels."""
         left, top, right, bottom = self.rect
@@ -220,6 +245,15 @@ class Control:
     def click(self, button=1, times=1):
         node = wait_for(self._usable, f"{self.form.name}.{self.name} to be usable")
         self.form.desktop.click(*centre(node["rect"]), button=button, times=times)
+
+    def click_until_heard(self):
+        """Clicks a button that the click changes nothing about; the program has acted on it when this
+        comes back, for a button comes up together with what it does."""
+        node = wait_for(self._usable, f"{self.form.name}.{self.name} to be usable")
+        self.form.desktop.press(*centre(node["rect"]))
+        self.wait(lambda: self._node()["pressed"], "to be pressed")
+        self.form.desktop.release()
+        self.wait(lambda: not self._node()["pressed"], "to come up")
 
     def press_by_message(self):
         """Presses a button by a message, as another program would do it for its user."""

@@ -9,6 +9,8 @@ WINDOWS_BUILD = pathlib.Path(os.environ.get("BRIVANTOLE_WINDOWS_BUILD", BUILD / 
 PROGRAM = WINDOWS_BUILD / "Brivantole.exe"
 PROBE = WINDOWS_BUILD / "probe" / "probe.exe"
 PLAYER = WINDOWS_BUILD / "probe" / "player.exe"
+# Of the native build, since it stands between Wine and the system.
+HELD_DISK = BUILD / "native-debug" / "tests" / "helddisk.so"
 SAMPLE_MEDIUM = BUILD / "sample-medium"
 ARTIFACTS = BUILD / "test-artifacts"
 SHIPPED = [ROOT / "data" / name for name in ("Brivantole.mdb", "Brivantole.ini", "Brivantole.rtf")]

@@ -79,15 +79,16 @@ class Program:
         """Waits until no form of that name is shown."""
         wait_for(lambda: self.form_or_none(name) is None, f"the end of the window {name}")
 
-    def message_or_none(self):
+    def message_or_none(self, other_than=None):
         for window in self.windows():
-            if window["class"] == "#32770":
+            if window["class"] == "#32770" and not (
+                    other_than and window["handle"] == other_than.handle):
                 return Message(self, window)
         return None
 
-    def message(self, deadline=DEADLINE):
-        """The message box or common dialog on top, once there is one."""
-        return self._ready(self.message_or_none, "a message box", deadline)
+    def message(self, deadline=DEADLINE, other_than=None):
+        """The message box or common dialog on top, once there is one besides `other_than`."""
+        return self._ready(lambda: self.message_or_none(other_than), "a message box", deadline)
 
     def _ready(self, find, what, deadline=DEADLINE):
         """A window once it is shown and gets the keys that are typed."""

@@ -4,12 +4,14 @@ from .waiting import wait_for
 
 
 def check_order(window, in_order):
-    """`in_order(window)` must hold in any size that the window may have."""
+    """`in_order(window)` must hold in any size that the window may have, and nothing of another size be
+    left on the screen."""
     assert in_order(window)
     for asked, size in (((1000, 700), (1000, 700)), ((300, 200), (480, 360))):
         window.resize(*asked)
         wait_for(lambda size=size: window.size == size, f"the size {size}")
         wait_for(lambda: in_order(window), "the controls to follow")
+        assert window.is_painted()
 
 
 def check_kept_size(program, run, close, numbers):

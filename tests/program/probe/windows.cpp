@@ -72,7 +72,9 @@ void addWindow(Json& json, HWND window) {
         .flag("minimized", IsIconic(window) != 0)
         .flag("maximized", IsZoomed(window) != 0);
     if (name == L"Button") {
-        json.member("checked", static_cast<int64_t>(ask(window, BM_GETCHECK)));
+        const LRESULT state = ask(window, BM_GETSTATE);
+        json.member("checked", static_cast<int64_t>(state & (BST_CHECKED | BST_INDETERMINATE)))
+            .flag("pressed", (state & BST_PUSHED) != 0);
     }
     addPlace(json, window);
     json.endObject();
