@@ -35,6 +35,14 @@ uint8_t* GlobalMap::editRow() {
     return pager_.edit(page::kGlobalMap, PageRole::GlobalMap) + offset;
 }
 
+// The bytes that the map's row can be lengthened by; DatabaseCorrupt when the rows of its page are
+// not where a change of one could leave the others whole.
+uint32_t GlobalMap::roomToGrow() const {
+    const uint8_t* bytes = pager_.page(page::kGlobalMap);
+    checkSlots(pager_.format(), bytes, page::kGlobalMap);
+    return PageSlots(pager_.format(), bytes, page::kGlobalMap).freeBytes();
+}
+
 // Adds bits, as Access does, until the inline row covers `page`; false when page 1 has no room.
 bool GlobalMap::lengthenTo(uint32_t page) {
     const MapRow row = readMapRow(pager_, map_.where());
@@ -42,8 +50,7 @@ bool GlobalMap::lengthenTo(uint32_t page) {
     const uint32_t oldBits = row.bitCount();
     uint32_t added = (page - row.first - oldBits) / 8 + 1;
     added = (added + kGrowth - 1) / kGrowth * kGrowth;
-    const PageSlots slots(pager_.format(), pager_.page(page::kGlobalMap), page::kGlobalMap);
-    if (added > slots.freeBytes()) return false;
+    if (added > roomToGrow()) return false;
     const uint32_t untold = std::max(row.first + oldBits, pager_.pageCount()) - row.first;
     resizeRow(pager_.format(), pager_.edit(page::kGlobalMap, PageRole::GlobalMap),
               map_.where().slot(), row.length + added);
@@ -74,9 +81,7 @@ void GlobalMap::convertToReference() {
     const Format& format = pager_.format();
     const uint32_t perPage = format.pagesPerMapPage();
     const uint32_t length = 1 + 4 * ((format.maxPages() + perPage - 1) / perPage);
-    const PageSlots slots(format, pager_.page(page::kGlobalMap), page::kGlobalMap);
-    const MapRow row = readMapRow(pager_, map_.where());
-    if (length > row.length + slots.freeBytes())
+    if (length > readMapRow(pager_, map_.where()).length + roomToGrow())
         throwDamaged(u"la table des pages libres est trop courte", page::kGlobalMap);
     resizeRow(format, pager_.edit(page::kGlobalMap, PageRole::GlobalMap), map_.where().slot(),
               length);

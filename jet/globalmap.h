@@ -23,6 +23,7 @@ class GlobalMap {
   private:
     void write(uint32_t page, bool isFree);
     bool coversInline(uint32_t page);
+    uint32_t roomToGrow() const;
     bool lengthenTo(uint32_t page);
     void convertToReference();
     void addMapPage(uint32_t index);

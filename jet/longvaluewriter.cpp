@@ -57,19 +57,22 @@ void LongValueWriter::storeInline(std::span<const uint8_t> bytes, Bytes& cell) {
 void LongValueWriter::giveUp(Cell cell) {
     const LongValue value = parseLongValue(cell);
     if (value.kind == LongValueKind::Inline) return;
-    const size_t maxPieces = value.length;  // each holds a byte at least, however long a cycle is
-    size_t pieces = 0;
-    for (RowId at = value.where; at.value != 0 && pieces < maxPieces; ++pieces) {
-        // A value that is not where the row says is left alone: its bytes may be another's.
+    const bool single = value.kind == LongValueKind::Single;
+    const uint32_t head = single ? 0 : kNextPointerSize;
+    uint32_t left = value.length;
+    for (RowId at = value.where; left > 0;) {
+        // A value that is not where the row says is left alone: its bytes may be another's. So is
+        // what the last piece names.
         if (at.page() >= context_.pager.pageCount() || !pages_.owns(at.page())) return;
         const uint8_t* page = context_.pager.page(at.page());
         if (page[0] != page::kTypeData || get32(page + page::kOwner) != page::kLongValueOwner)
             return;
         const std::span<const uint8_t> row =
             PageSlots(context_.pager.format(), page, at.page()).live(at.slot());
-        if (row.empty()) return;
+        if (row.size() <= head) return;
         givenUp_.push_back(at);
-        if (value.kind == LongValueKind::Single || row.size() < kNextPointerSize) return;
+        if (single) return;
+        left -= std::min(left, static_cast<uint32_t>(row.size()) - head);
         at = RowId{get32(row.data())};
     }
 }
