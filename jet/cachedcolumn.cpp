@@ -18,6 +18,8 @@ constexpr size_t kSparse = 8;
 // From so many different texts on, a dictionary must be met by at least twice as many rows: the
 // titles of a small catalogue would fit into one, but not repeat.
 constexpr size_t kTextsOnTrial = 1024;
+// Rows are listed one by one while at most one in so many is to be looked at.
+constexpr size_t kWorthListing = 32;
 // Rows behind the grouped ones are looked at one by one; when there are more, groups are made anew.
 constexpr size_t kMostUngrouped = 4096;
 
@@ -26,6 +28,11 @@ size_t rowsOf(const std::vector<TextSignature::Run>& runs) {
     for (const TextSignature::Run& run : runs)
         rows += run.last - run.first;
     return rows;
+}
+
+bool asksForContained(const ColumnTest& test) {
+    return test.kind == ColumnTest::Kind::Like && !test.negated && test.pattern->containedText() &&
+           !test.pattern->containedText()->empty();
 }
 
 int sign(double a, double b) {
@@ -262,39 +269,59 @@ RowSet CachedColumn::filterByCode(const DictionaryValues& values, const ColumnTe
     return rows.where([&](size_t row) { return passing[values.codes[row]]; });
 }
 
+std::vector<uint8_t> CachedColumn::folded(std::u16string_view text) {
+    std::vector<uint8_t> bytes;
+    folder_->fold(text, bytes);
+    return bytes;
+}
+
+void CachedColumn::bringSignatureUpToDate(TextValues& values, size_t room) const {
+    if (TextSignature::bytesFor(values.texts.count()) <= room + values.signature.bytes())
+        values.signature.update(values.texts, *limits_);
+}
+
+std::optional<std::vector<uint32_t>> CachedColumn::fewRowsPassing(const ColumnTest& test,
+                                                                  size_t room) {
+    auto* values = std::get_if<TextValues>(&values_);
+    if (!values || values->signature.bytes() == 0 || !asksForContained(test)) return std::nullopt;
+    const std::vector<uint8_t> wanted = folded(*test.pattern->containedText());
+    bringSignatureUpToDate(*values, room);
+    const Runs runs = values->signature.candidates(wanted, values->texts.count());
+    if (rowsOf(runs) > values->texts.count() / kWorthListing) return std::nullopt;
+    std::vector<uint32_t> rows;
+    for (const TextSignature::Run& run : runs) {
+        values->texts.forEachHolding(wanted, run.first, run.last, [&rows](size_t row) {
+            rows.push_back(static_cast<uint32_t>(row));
+        });
+    }
+    return rows;
+}
+
 RowSet CachedColumn::filterTexts(TextValues& values, const ColumnTest& test, const RowSet& rows,
                                  size_t room) {
-    const bool contained = test.kind == ColumnTest::Kind::Like && !test.negated &&
-                           test.pattern->containedText() && !test.pattern->containedText()->empty();
-    if (!contained) return rows.whereEach([&](size_t row) { return passes(test, row); });
-    std::vector<uint8_t> wanted;
-    folder_->fold(*test.pattern->containedText(), wanted);
+    if (!asksForContained(test))
+        return rows.whereEach([&](size_t row) { return passes(test, row); });
+    const std::vector<uint8_t> wanted = folded(*test.pattern->containedText());
     const size_t few = rows.limit() / kSparse;
-    const auto bringSignatureUpToDate = [&] {
-        if (TextSignature::bytesFor(values.texts.count()) <= room + values.signature.bytes())
-            values.signature.update(values.texts, *limits_);
-    };
     // A few rows are not worth a signature, but one that is there may spare even those.
     const bool isSigned = values.signature.bytes() != 0;
-    if (isSigned) bringSignatureUpToDate();
+    if (isSigned) bringSignatureUpToDate(values, room);
     Runs runs = values.signature.candidates(wanted, values.texts.count());
     if (rowsOf(runs) > few && rows.size() < few) {
         return rows.whereEach(
             [&](size_t row) { return findBytes(values.texts.text(row), wanted) != kNotFound; });
     }
     if (!isSigned) {
-        bringSignatureUpToDate();
+        bringSignatureUpToDate(values, room);
         runs = values.signature.candidates(wanted, values.texts.count());
     }
     RowSet result = rowsHolding(wanted, runs, values, *limits_);
-    if (result.isEmpty()) return RowSet::none(rows.limit());
     result.keepOnly(rows);
     return result;
 }
 
 RowSet CachedColumn::rowsHolding(std::span<const uint8_t> wanted, const Runs& runs,
                                  const TextValues& values, const CacheLimits& limits) {
-    if (runs.empty()) return RowSet::none(values.texts.count());
     RowSet result(values.texts.count());
     // No two runs have rows in one word of the result.
     static_assert(TextSignature::kRowsOfBlock % RowSet::kRowsOfWord == 0);

@@ -66,6 +66,9 @@ class CachedColumn {
     // The rows among `rows` for which it is true. May take up to `room` bytes to make the next
     // search faster.
     RowSet filter(const ColumnTest& test, const RowSet& rows, size_t room);
+    // Those for which it is true among all rows, in ascending order, where it is known already that
+    // few can be: a search for a text that a signature tells the places of. Else nothing.
+    std::optional<std::vector<uint32_t>> fewRowsPassing(const ColumnTest& test, size_t room);
     // Of a column with a dictionary: for each code, 1 when the test is true for its text.
     std::vector<uint8_t> passingCodes(const ColumnTest& test) const;
 
@@ -90,6 +93,8 @@ class CachedColumn {
     RowSet filterByCode(const DictionaryValues& values, const ColumnTest& test,
                         const RowSet& rows) const;
     RowSet filterTexts(TextValues& values, const ColumnTest& test, const RowSet& rows, size_t room);
+    std::vector<uint8_t> folded(std::u16string_view text);
+    void bringSignatureUpToDate(TextValues& values, size_t room) const;
     using Runs = std::vector<TextSignature::Run>;
     static RowSet rowsHolding(std::span<const uint8_t> wanted, const Runs& runs,
                               const TextValues& values, const CacheLimits& limits);

@@ -103,17 +103,17 @@ bool Planner::hasRoomToFind(const CachedColumn& column) const {
     return bytes == 0 || cache_.hasRoomFor(bytes);
 }
 
-// The test that leads to the fewest rows.
-const ColumnTest* Planner::bestLookUp(const Condition& condition) {
+// The test among the conjuncts that leads to the fewest rows.
+const Condition* Planner::bestLookUp(const Condition& condition) {
     const auto operands = conjuncts(condition);
     // Texts that do not repeat lead to few rows.
     const auto titles = std::ranges::find_if(operands, [this](const Condition& operand) {
         const CachedColumn* const column = lookUpColumn(operand);
         return column && column->texts() && hasRoomToFind(*column);
     });
-    if (titles != operands.end()) return &titles->test;
+    if (titles != operands.end()) return &*titles;
 
-    const ColumnTest* best = nullptr;
+    const Condition* best = nullptr;
     size_t fewest = cache_.ids().size() / kSelective + 1;
     for (const Condition& operand : operands) {
         const CachedColumn* const column = lookUpColumn(operand);
@@ -121,25 +121,57 @@ const ColumnTest* Planner::bestLookUp(const Condition& condition) {
         const size_t count = column->countEqualTo(operand.test.text).value_or(fewest);
         if (count >= fewest) continue;
         fewest = count;
-        best = &operand.test;
+        best = &operand;
     }
     return best;
 }
 
-std::optional<Planner::RowNumbers> Planner::fewRows(const Condition& condition) {
-    const ColumnTest* lookUp = bestLookUp(condition);
-    if (!lookUp) return std::nullopt;
-    RowNumbers rows = cache_.column(*lookUp->column)->rowsEqualTo(lookUp->text);
+// The rows that one test, or one of several tests, finds by searching, where they are few.
+std::optional<Planner::RowNumbers> Planner::searched(const Condition& condition) {
+    if (condition.kind == Condition::Kind::Test) {
+        CachedColumn* const column = cache_.column(*condition.test.column);
+        return column ? column->fewRowsPassing(condition.test, cache_.room()) : std::nullopt;
+    }
+    if (condition.kind != Condition::Kind::Or) return std::nullopt;
+    RowNumbers rows;
+    for (const Condition& operand : condition.operands) {
+        const std::optional<RowNumbers> more = searched(operand);
+        if (!more) return std::nullopt;
+        const auto middle = static_cast<std::ptrdiff_t>(rows.size());
+        rows.insert(rows.end(), more->begin(), more->end());
+        std::inplace_merge(rows.begin(), rows.begin() + middle, rows.end());
+    }
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+// Those of `rows` that are there and match `condition`, of which the part `known` is true for them.
+void Planner::keepMatching(RowNumbers& rows, const Condition& condition, const Condition* known) {
     std::erase_if(rows, [&](uint32_t row) { return !cache_.live().contains(row); });
     for (const Condition& operand : conjuncts(condition)) {
         if (rows.empty()) break;
-        if (&operand.test == lookUp) continue;
+        if (&operand == known) continue;
         const auto decision = CodeDecision::of(operand, cache_, rows.size());
         std::erase_if(rows, [&](uint32_t row) {
             return !(decision ? decision->passes(row) : matches(operand, row));
         });
     }
-    return rows;
+}
+
+std::optional<Planner::RowNumbers> Planner::fewRows(const Condition& condition) {
+    if (const Condition* lookUp = bestLookUp(condition)) {
+        const ColumnTest& test = lookUp->test;
+        RowNumbers rows = cache_.column(*test.column)->rowsEqualTo(test.text);
+        keepMatching(rows, condition, lookUp);
+        return rows;
+    }
+    for (const Condition& operand : conjuncts(condition)) {
+        std::optional<RowNumbers> rows = searched(operand);
+        if (!rows) continue;
+        keepMatching(*rows, condition, &operand);
+        return rows;
+    }
+    return std::nullopt;
 }
 
 bool Planner::matches(const Condition& condition, uint32_t row) {

@@ -27,9 +27,11 @@ class Planner {
 
     void loadColumns(const Query& query);
     std::optional<RowNumbers> fewRows(const Condition& condition);
+    void keepMatching(RowNumbers& rows, const Condition& condition, const Condition* known);
     const CachedColumn* lookUpColumn(const Condition& condition);
     bool hasRoomToFind(const CachedColumn& column) const;
-    const ColumnTest* bestLookUp(const Condition& condition);
+    const Condition* bestLookUp(const Condition& condition);
+    std::optional<RowNumbers> searched(const Condition& condition);
     bool matches(const Condition& condition, uint32_t row);
     bool passes(const ColumnTest& test, uint32_t row);
     RowSet filter(const Condition& condition, const RowSet& rows);

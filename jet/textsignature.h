@@ -1,5 +1,5 @@
 // Tells which blocks of rows cannot hold a searched text: for each block it knows, by hash, the
-// sequences of three bytes that its texts have.
+// sequences of three and of four bytes that its texts have.
 #pragma once
 
 #include <cstddef>
@@ -33,19 +33,29 @@ class TextSignature {
     // ascending order. A run begins at a multiple of kRowsOfBlock and stays within a group.
     std::vector<Run> candidates(std::span<const uint8_t> wanted, size_t count) const;
 
-    size_t bytes() const { return groups_.capacity() * sizeof(uint64_t); }
+    size_t bytes() const;
     // What it takes for that many rows.
     static size_t bytesFor(size_t rows) { return rows / kRowsOfGroup * kSlots * sizeof(uint64_t); }
 
   private:
-    static constexpr size_t kSlots = 8192;
+    static constexpr size_t kSlots = 16384;
+    static constexpr size_t kGroupsOfPart = 32;
 
-    static size_t slotOf(const uint8_t* bytes);
+    // Up to kGroupsOfPart groups. For each slot, one behind the other, the words of all of them:
+    // the blocks that have a sequence of that hash. So a search reads few places of memory.
+    struct Part {
+        explicit Part(size_t groupCount) : groups(groupCount), words(groupCount * kSlots) {}
+        const uint64_t* slot(size_t number) const { return words.data() + number * groups; }
+
+        size_t groups;
+        std::vector<uint64_t> words;
+    };
+
+    size_t groups() const;
     static void sign(const FoldedTexts& texts, size_t group, std::span<uint64_t> blocksBySlot);
-    uint64_t blocksOf(size_t group, std::span<const uint8_t> wanted) const;
+    static void addRuns(uint64_t blocks, size_t firstRow, std::vector<Run>& runs);
 
-    // For each group of blocks and each slot: the blocks that have a sequence of that hash.
-    std::vector<uint64_t> groups_;
+    std::vector<Part> parts_;  // full but for the last
 };
 
 }  // namespace jet

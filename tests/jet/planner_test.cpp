@@ -53,8 +53,8 @@ class PlannerTest : public testing::TestWithParam<CacheLimits> {
     std::u16string type() { return pick({u"MP3", u"MP3", u"MP3", u"mp3", u"WAV", u"T"}); }
     Value orNull(Value value) { return below(30) == 0 ? Value{Null{}} : value; }
 
-    void addRow() {
-        const std::u16string name = title();
+    void addRow() { addRow(title()); }
+    void addRow(const std::u16string& name) {
         const std::u16string path = u"[CD]\\Musique\\Artiste " + digits(below(20)) + u"\\" + name;
         const auto size = static_cast<double>(below(300));
         const std::vector<Value> values = {orNull(name), Null{},       orNull(path),  Null{},
@@ -158,6 +158,31 @@ TEST_P(PlannerTest, AnswersAsThePagesDoAfterManyChanges) {
         removeRow();
     for (int i = 0; i < 20; ++i)
         ASSERT_NO_FATAL_FAILURE(check(query()));
+}
+
+TEST_P(PlannerTest, FindsWhatIsRareAmongManyRows) {
+    constexpr int kRows = 8200;  // two groups of rows that a search can pass over, and a few more
+    for (int i = 0; i < kRows; ++i)
+        addRow(i == 10 || i == 11 || i == 5000 ? u"Rarissime " + digits(below(20)) : title());
+    cache_ = std::make_unique<TableCache>(*table_, order_, GetParam());
+    const std::vector<std::u16string> conditions = {
+        u"Nom LIKE \"*rarissime*\"",
+        u"(Nom LIKE \"*rarissime 1*\" or Fichier LIKE \"*RARISSIME*\") and (Type=\"MP3\")",
+        u"Type=\"MP3\" and Fichier LIKE \"*rarissime*\" and Taille>100",
+        u"Nom LIKE \"*rarissime*\" and not (Fichier LIKE \"*Artiste 1*\")",
+        u"Nom LIKE \"*rarissime*\" or Nom LIKE \"*\u4E00The*\" or Taille=17",
+        u"Nom LIKE \"*nowhere*\" or Fichier LIKE \"*ce n'est pas là*\"",
+    };
+    for (int round = 0; round < 4; ++round) {
+        for (const std::u16string& where : conditions)
+            ASSERT_NO_FATAL_FAILURE(
+                check(u"SELECT * FROM ListDonnees WHERE " + where + u" ORDER BY Nom"));
+        const RowId rare = rows_[10];
+        table_->remove(rare);
+        cache_->rowRemoved(rare);
+        rows_.erase(rows_.begin() + 10);
+        addRow(u"Encore une rarissime");
+    }
 }
 
 TEST_P(PlannerTest, StartsFromAnEmptyTable) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 #include <string_view>
@@ -110,6 +111,36 @@ TEST_F(TextSignatureTest, KnowsWholeGroupsAlone) {
     EXPECT_EQ(signature_.bytes(), TextSignature::bytesFor(texts_.count()));
     EXPECT_EQ(candidateRows("xqxq"), 1u);
     EXPECT_GE(candidateRows("title 5000"), kBlock);
+}
+
+TEST_F(TextSignatureTest, KnowsLongSequencesFromTheirParts) {
+    // All sequences of three of "abcd" are in each block, but not those of four.
+    for (size_t row = 0; row < kGroup; ++row)
+        add(row == 70 ? "abcd" : row % 2 == 0 ? "abc" : "bcd");
+    signature_.update(texts_, limits_);
+    EXPECT_EQ(candidateRows("abcd"), kBlock);
+    EXPECT_EQ(candidateRows("bcd"), kGroup);
+}
+
+TEST_F(TextSignatureTest, KnowsManyGroups) {
+    constexpr size_t kGroups = 70;
+    constexpr size_t kSteps[] = {1, 2, 33, 64, kGroups};  // the work is cut in several places
+    size_t groups = 0;
+    for (const size_t step : kSteps) {
+        for (; groups < step; ++groups)
+            for (size_t row = 0; row < kGroup; ++row)
+                add(row == groups ? "here: " + std::to_string(groups) + "." : "x");
+        signature_.update(texts_, limits_);
+        EXPECT_EQ(signature_.bytes(), TextSignature::bytesFor(texts_.count()));
+        for (size_t group = 0; group < groups; ++group) {
+            const auto runs = candidates("here: " + std::to_string(group) + ".");
+            const size_t row = group * kGroup + group;
+            const bool holds = std::ranges::any_of(
+                runs, [row](const auto& run) { return run.first <= row && row < run.last; });
+            ASSERT_TRUE(holds) << group << " of " << groups;
+            ASSERT_LE(runs.size(), 2u);
+        }
+    }
 }
 
 TEST_F(TextSignatureTest, NothingIsFoundAmongNoRows) {
