@@ -1,54 +1,70 @@
 // A disk that can be held, for the Windows programs of the tests: loaded into their processes with
-// LD_PRELOAD, it lets a file of one folder take so many bytes and keeps the writer of more waiting,
-// as a slow drive does, until it is let go.
+// LD_PRELOAD, it keeps whoever writes to certain places of files in one folder waiting, as a slow
+// drive does, until it is let go.
 //
-// HELD_DISK names the folder, HELD_DISK_LIMIT the file that holds the number of bytes; as long as
-// there is no such file, nothing waits.
+// HELD_DISK names the folder, HELD_DISK_ORDER the file that tells what is held: the first byte, the
+// byte behind the last, and the name of the file ("*" for any). As long as there is no such file,
+// nothing waits. Whoever waits makes a file of that name with ".met" behind it.
 #include <dlfcn.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
-#include <cstdio>
 #include <cstdlib>
-#include <limits>
+#include <fstream>
 #include <string>
-#include <string_view>
 
 namespace {
 
-constexpr useconds_t kPause = 2000;  // microseconds between two looks at the limit
+constexpr useconds_t kPause = 2000;  // microseconds between two looks at the order
 
 using Write = ssize_t (*)(int, const void*, size_t);
 using WriteAt = ssize_t (*)(int, const void*, size_t, off_t);
 
-off_t limit(const char* path) {
-    FILE* file = std::fopen(path, "r");
-    if (file == nullptr) return std::numeric_limits<off_t>::max();
-    long long bytes = 0;
-    const bool read = std::fscanf(file, "%lld", &bytes) == 1;
-    std::fclose(file);
-    return read ? static_cast<off_t>(bytes) : std::numeric_limits<off_t>::max();
+struct Order {
+    off_t first = 0;
+    off_t last = 0;
+    std::string name;
+
+    bool holds(off_t from, off_t to) const { return from < last && to > first; }
+};
+
+Order readOrder(const char* path) {
+    Order order;
+    std::ifstream file(path);
+    file >> order.first >> order.last >> order.name;
+    return file ? order : Order{};
 }
 
-bool liesInFolder(int file, std::string_view folder) {
+// The path of an open file, "" when it is none that keeps what is written.
+std::string pathOf(int file) {
     struct stat status {};
-    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return false;
+    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return {};
     std::array<char, 4096> path{};
     const std::string link = "/proc/self/fd/" + std::to_string(file);
     const ssize_t length = readlink(link.c_str(), path.data(), path.size());
-    return length > 0 && std::string_view(path.data(), static_cast<size_t>(length))
-                             .starts_with(std::string(folder) + '/');
+    return length > 0 ? std::string(path.data(), static_cast<size_t>(length)) : std::string();
 }
 
-// Comes back when the file may take bytes up to `end`; errno is as it was before.
-void waitForRoom(int file, off_t end) {
+bool isMeant(const Order& order, const std::string& path, const std::string& folder) {
+    return path.starts_with(folder + '/') &&
+           (order.name == "*" || path.ends_with('/' + order.name));
+}
+
+// Comes back when the file may take the bytes from `from` to `to`.
+void waitForRoom(int file, off_t from, off_t to) {
     const char* folder = std::getenv("HELD_DISK");
-    const char* told = std::getenv("HELD_DISK_LIMIT");
-    if (folder == nullptr || told == nullptr || end <= limit(told)) return;
-    if (!liesInFolder(file, folder)) return;
-    while (end > limit(told))
+    const char* told = std::getenv("HELD_DISK_ORDER");
+    if (folder == nullptr || told == nullptr || access(told, F_OK) != 0) return;
+    const std::string path = pathOf(file);
+    const auto isHeld = [&] {
+        const Order order = readOrder(told);
+        return order.holds(from, to) && isMeant(order, path, folder);
+    };
+    while (isHeld()) {
+        std::ofstream(std::string(told) + ".met");
         usleep(kPause);
+    }
 }
 
 template <typename Function>
@@ -63,13 +79,13 @@ extern "C" {
 ssize_t write(int file, const void* bytes, size_t count) {
     static const auto real = next<Write>("write");
     const off_t place = lseek(file, 0, SEEK_CUR);
-    if (place >= 0) waitForRoom(file, place + static_cast<off_t>(count));
+    if (place >= 0) waitForRoom(file, place, place + static_cast<off_t>(count));
     return real(file, bytes, count);
 }
 
 ssize_t pwrite(int file, const void* bytes, size_t count, off_t place) {
     static const auto real = next<WriteAt>("pwrite");
-    waitForRoom(file, place + static_cast<off_t>(count));
+    waitForRoom(file, place, place + static_cast<off_t>(count));
     return real(file, bytes, count, place);
 }
 
