@@ -58,7 +58,7 @@ def desktop(album_folder, tmp_path_factory):
 
 
 @pytest.fixture(scope="module")
-def program(desktop):
+def shared(desktop):
     with Program(desktop) as made:
         settings.set_text(made.settings, "CopyDestination", "P:\\")
         settings.set_text(made.settings, "DestinationDrive", "p:")
@@ -66,6 +66,14 @@ def program(desktop):
         add_cd(main, "Rock 1")
         finish_copy(begin_copy(main))
         yield made
+
+
+@pytest.fixture
+def program(shared):
+    """The program with no window over its main window."""
+    yield shared
+    shared.desktop.tidy()
+    shared.only_main_window()
 
 
 # How each window is opened and put away again.
@@ -165,7 +173,8 @@ def follow_tab(window):
 
         def next_stop():
             found = next((child for child in window.children() if child["focused"]), None)
-            return found if not stops or found["handle"] != stops[-1]["handle"] else None
+            goes_on = found and not (stops and found["handle"] == stops[-1]["handle"])
+            return found if goes_on else None
         stop = wait_for(next_stop, "the focus to go on")
 
         def seen(before=shown):

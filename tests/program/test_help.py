@@ -80,7 +80,6 @@ def test_the_text_fills_the_window_at_any_size(program):
         quit_button = window.AideQuit.rect
         box = window.RichTextBox1.rect
         assert quit_button[0] > box[0] and quit_button[2] < box[2] and quit_button[3] < box[3]
-        assert window.is_painted()
     before = window.RichTextBox1.rect
     window.minimize()
     main.Comaide.click()

@@ -53,11 +53,11 @@ def test_a_low_window_has_compact_buttons(program):
     assert [main.control(name).height for name in BUTTONS] == [45] * 5
     assert [main.control(name).text for name in BUTTONS] == [""] * 5
     assert [main.control(name).tip() for name in BUTTONS] == captions
-    assert main.is_painted()
+    main.must_be_painted()
     main.resize(800, 640)
     becomes(main, 800, 640)
     wait_for(lambda: [main.control(name).text for name in BUTTONS] == captions, "the captions")
-    assert main.is_painted()
+    main.must_be_painted()
 
 
 def shown_controls(main):

@@ -78,7 +78,7 @@ def test_a_long_copy_shows_its_progress_in_a_window_that_answers(main, target, l
     assert not window.ListInfocopy.enabled and not window.CommandCopier.enabled
     window.resize(700, 600)
     wait_for(lambda: window.size == (700, 600), "the window to answer")
-    assert window.is_painted()
+    window.must_be_painted()
     long_copy.hold(LONG_SIZE // 2)
     wait_for(lambda: bar.progress() > first, "the bar to move within one file")
     assert window.LabelInfoCopy.text == "Copie de E:\\gros.wav\r\n\nGros"

@@ -75,28 +75,29 @@ class Window:
 
     def minimize_and_restore(self):
         """Minimises the window, which is the active one, and brings it back as the task bar would."""
-        window = self.desktop.active_window()
+        window, place = self.desktop.active_window(), self.client
         self.minimize()
         self.desktop.xdo("windowactivate", window)
-        wait_for(lambda: not self.state["minimized"], f"{self.name} restored")
+        wait_for(lambda: not self.state["minimized"] and self.client == place,
+                 f"{self.name} restored")
 
     def picture(self):
-        """What of its inside is on the screen, once nothing changes there any more."""
-        picture = None
+        """What of its inside is on the screen, once nothing changes there any more (no caret
+        blinks): the window has answered several times meanwhile, and painting comes after answers."""
+        pictures = []
 
         def at_rest():
-            nonlocal picture
-            last, picture = picture, self.desktop.pixels(self.client)
-            return last == picture
+            pictures.append(self.desktop.pixels(self.client))
+            return len(pictures) > 3 and all(picture == pictures[-1] for picture in pictures[-4:])
         wait_for(at_rest, f"{self.name} at rest")
-        return picture
+        return pictures[-1]
 
-    def is_painted(self):
-        """Whether the screen shows of the window, which is the active one, what it shows when all of it
-        is painted anew."""
+    def must_be_painted(self):
+        """The screen must show of the window, which is the active one, what it shows when all of it is
+        painted anew."""
         shown = self.picture()
         self.minimize_and_restore()
-        return self.picture() == shown
+        wait_for(lambda: self.picture() == shown, f"what was to be seen of {self.name}")
 
     def resize(self, width, height):
         """Drags the lower right corner until the window would have this outer size, in pixels."""

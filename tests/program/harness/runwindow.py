@@ -11,7 +11,7 @@ def check_order(window, in_order):
         window.resize(*asked)
         wait_for(lambda size=size: window.size == size, f"the size {size}")
         wait_for(lambda: in_order(window), "the controls to follow")
-        assert window.is_painted()
+        window.must_be_painted()
 
 
 def check_kept_size(program, run, close, numbers):
