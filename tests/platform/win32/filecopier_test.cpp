@@ -57,8 +57,13 @@ class FileCopierTest : public testing::Test {
         RawFile(file, GENERIC_WRITE, 0, OPEN_EXISTING, 0).resize(kLong);
         return file;
     }
-    // Waits for a file under way with this content.
-    void waitUntilAhead(std::string_view content) const {
+    // Waits for a file under way with this content, and for its source to be let go.
+    void waitUntilAhead(std::u16string_view source, std::string_view content) const {
+        const auto isFree = [&] {
+            return static_cast<bool>(
+                FileHandle(CreateFileW(extendedPath(source).c_str(), GENERIC_READ | DELETE, 0,
+                                       nullptr, OPEN_EXISTING, 0, nullptr)));
+        };
         const auto isAhead = [&] {
             const Names all = testing_win32::names(folder_.path());
             return std::ranges::any_of(all, [&](const std::u16string& name) {
@@ -66,7 +71,7 @@ class FileCopierTest : public testing::Test {
             });
         };
         const ULONGLONG deadline = GetTickCount64() + 60'000;
-        while (!isAhead()) {
+        while (!isAhead() || !isFree()) {
             ASSERT_LT(GetTickCount64(), deadline) << "nothing is read ahead";
             Sleep(1);
         }
@@ -176,7 +181,7 @@ TEST_F(FileCopierTest, ReadsTheNextFileAhead) {
     const std::u16string second = folder_.write(u"b.mp3", "second");
     copy(first, path(u"x.mp3"), {second});
     EXPECT_EQ(testing_win32::content(path(u"x.mp3")), "first");
-    waitUntilAhead("second");
+    waitUntilAhead(second, "second");
     // What is ahead needs its source no more.
     ASSERT_TRUE(DeleteFileW(extendedPath(second).c_str()));
     copy(second, path(u"y.mp3"));
@@ -220,7 +225,7 @@ TEST_F(FileCopierTest, WhatWasReadAheadForOneFolderDoesNotGoToAnother) {
     const std::u16string second = folder_.write(u"b.mp3", "second");
     const std::u16string other = folder_.folder(u"Autre");
     copy(first, path(u"x.mp3"), {second});
-    waitUntilAhead("second");
+    waitUntilAhead(second, "second");
     folder_.write(u"b.mp3", "changed");
     copy(second, other + u"\\y.mp3");
     EXPECT_EQ(testing_win32::content(other + u"\\y.mp3"), "changed");
