@@ -16,6 +16,7 @@ from harness.waiting import wait_for
 
 FILE, JOURNAL = "Brivantole.mdb", "Brivantole.mdb-journal"
 PIECE = 256 << 10  # bytes that the journal and the file are written in at a time
+DEFINITION = 24 * 4096  # where the page of the table's definition is, the last that a commit writes
 
 
 def test_a_kill_at_any_moment_leaves_the_state_before_or_after():
@@ -25,32 +26,41 @@ def test_a_kill_at_any_moment_leaves_the_state_before_or_after():
 
 
 @pytest.fixture(scope="module")
-def program(tmp_path_factory):
-    """A program with a small CD in its catalogue, whose folder can be held, and a large one in its
-    drive."""
-    folder = tmp_path_factory.mktemp("program")
+def folder(tmp_path_factory):
+    made = tmp_path_factory.mktemp("program")
     for path in SHIPPED:
-        shutil.copy(path, folder)
+        shutil.copy(path, made)
+    return made
+
+
+@pytest.fixture(scope="module")
+def held_disk(folder):
+    """Holds the program's folder."""
+    made = HeldDisk(folder)
+    yield made
+    made.close()
+
+
+@pytest.fixture(scope="module")
+def program(folder, held_disk, tmp_path_factory):
+    """A program with a small CD in its catalogue, and a large one in its drive."""
     small = medium.write(tmp_path_factory.mktemp("small"), medium.album())
     large = medium.write(tmp_path_factory.mktemp("large"), {
         f"dossier {number % 40}/morceau {number}.mid": medium.mid(60) for number in range(4000)})
-    held_disk = HeldDisk(folder)
     with Desktop(medium=small, environment=held_disk.environment) as desktop:
         with Program(desktop, folder=folder) as made:
             add_cd(made.open(), "Petit")
             made.quit()
             desktop.set_medium("e", large)
-            made.held_disk = held_disk
             yield made
-    held_disk.close()
 
 
 @pytest.fixture
-def start(program, tmp_path):
+def start(program, held_disk, tmp_path):
     """The program with its first catalogue, which is put back afterwards."""
     kept = shutil.copy(program.database, tmp_path)
     yield program
-    program.held_disk.let_go()
+    held_disk.let_go()
     program.kill()
     shutil.copy(kept, program.database)
     program.database.with_name(JOURNAL).unlink(missing_ok=True)
@@ -63,22 +73,22 @@ STEPS = {
     "before the file": (lambda size: (0, 1 << 62, FILE), True),
     "within the new pages": (lambda size: (size + PIECE, 1 << 62, FILE), True),
     "before the old pages": (lambda size: (0, size, FILE), True),
-    "before the last of the old pages": (lambda size: (4096, 8192, FILE), True),
+    "before the last of the old pages": (lambda size: (DEFINITION, DEFINITION + 4096, FILE), True),
 }
 
 
 @pytest.mark.parametrize("step", STEPS)
-def test_a_kill_at_each_step_of_a_commit(start, step):
+def test_a_kill_at_each_step_of_a_commit(start, held_disk, step):
     held, added = STEPS[step]
     before = as_set(catalogue.rows(start.database))
     dialog = open_new_cd(start.open())
     start.desktop.type("Gros")
     wait_for(lambda: dialog.TextNouveau.text == "Gros", "the name")
-    start.held_disk.hold(*held(start.database.stat().st_size))
+    held_disk.hold(*held(start.database.stat().st_size))
     start.desktop.keys("Return")
-    start.held_disk.wait_met()
+    held_disk.wait_met()
     start.kill()
-    start.held_disk.let_go()
+    held_disk.let_go()
     start.open()
     assert start.quit() == 0
     rows = as_set(catalogue.rows(start.database))
