@@ -1,7 +1,11 @@
 #include "base/text.h"
 
+#include <emmintrin.h>
+
 #include <algorithm>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 #include <iterator>
 
 #include "base/uppertable.h"
@@ -59,6 +63,26 @@ char32_t nextUtf8(std::string_view bytes, size_t& at) {
     at += lead.following;
     return code;
 }
+
+// One character, to be looked for in eight places at once.
+class EightOf {
+  public:
+    static constexpr size_t kPlaces = sizeof(__m128i) / sizeof(char16_t);
+
+    explicit EightOf(char16_t character)
+        : character_(_mm_set1_epi16(static_cast<int16_t>(character))) {}
+
+    // In which of the places from `text` on it stands first; kPlaces or more when in none.
+    size_t placeIn(const char16_t* text) const {
+        __m128i there;
+        std::memcpy(&there, text, sizeof there);
+        const int bytes = _mm_movemask_epi8(_mm_cmpeq_epi16(there, character_));  // a bit each
+        return static_cast<size_t>(std::countr_zero(static_cast<unsigned>(bytes))) / 2;
+    }
+
+  private:
+    __m128i character_;
+};
 
 }  // namespace
 
@@ -137,17 +161,20 @@ std::u16string fromUtf8(std::string_view bytes) {
 }
 
 size_t find(std::u16string_view text, char16_t character, size_t from) {
-    constexpr size_t kBlock = 16;
+    const EightOf wanted(character);
     size_t at = from;
-    for (; at + kBlock <= text.size(); at += kBlock) {
-        unsigned found = 0;
-        for (size_t i = 0; i < kBlock; ++i)
-            found |= static_cast<unsigned>(text[at + i] == character);
-        if (found != 0) break;
+    if (at + EightOf::kPlaces > text.size()) {
+        while (at < text.size() && text[at] != character)
+            ++at;
+        return at < text.size() ? at : text.npos;
     }
-    while (at < text.size() && text[at] != character)
-        ++at;
-    return at < text.size() ? at : text.npos;
+    // The last eight overlap those before them, in which there was none.
+    for (const size_t last = text.size() - EightOf::kPlaces;; at = std::min(at, last)) {
+        const size_t place = wanted.placeIn(text.data() + at);
+        if (place < EightOf::kPlaces) return at + place;
+        if (at == last) return text.npos;
+        at += EightOf::kPlaces;
+    }
 }
 
 std::u16string_view right(std::u16string_view text, size_t count) {
