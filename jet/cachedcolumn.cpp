@@ -66,12 +66,6 @@ CachedColumn::CachedColumn(const Column& column, TextFolder& folder, const Cache
     }
 }
 
-size_t CachedColumn::count() const {
-    if (const DictionaryValues* values = dictionary()) return values->codes.size();
-    if (const TextValues* values = texts()) return values->texts.count();
-    return numbers()->size();
-}
-
 size_t CachedColumn::bytes() const {
     if (const DictionaryValues* values = dictionary()) {
         return values->dictionary.bytes() + values->codes.capacity() * sizeof(Code) +

@@ -47,7 +47,11 @@ class CachedColumn {
     CachedColumn(const Column& column, TextFolder& folder, const CacheLimits& limits);
 
     const Column& column() const { return *column_; }
-    size_t count() const;
+    size_t count() const {
+        if (const DictionaryValues* values = dictionary()) return values->codes.size();
+        if (const TextValues* values = texts()) return values->texts.count();
+        return numbers()->size();
+    }
     size_t bytes() const;
 
     // Appends the value of a row. False when there is no room for it.

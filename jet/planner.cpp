@@ -80,8 +80,8 @@ std::vector<RowId> Planner::rows(const Query& query) {
 void Planner::loadColumns(const Query& query) {
     std::vector<const Column*> missing;
     const auto want = [&](const Column* column) {
-        const bool listed = std::ranges::find(missing, column) != missing.end();
-        if (!listed && cache_.isMissing(*column)) missing.push_back(column);
+        if (!cache_.isMissing(*column)) return;
+        if (std::ranges::find(missing, column) == missing.end()) missing.push_back(column);
     };
     if (query.where) {
         forEachTest(*query.where, [&](const ColumnTest& test) { want(test.column); });

@@ -17,13 +17,7 @@ Session::Session(std::unique_ptr<Store> store, const CacheLimits& limits)
       textOrder_(store_->format().wide ? &TextOrder::general4() : &TextOrder::general3()),
       limits_(limits) {}
 
-Store& Session::store() const {
-    awaitReadAhead();
-    return openStore();
-}
-
-Store& Session::openStore() const {
-    if (store_) return *store_;
+void Session::throwClosed() {
     throw Error(ErrorNumber::InvalidOperation, u"La base de donn\u00E9es est ferm\u00E9e.");
 }
 
@@ -69,10 +63,6 @@ void Session::readAhead(std::u16string_view sql) {
     } catch (const std::system_error&) {
         // No thread to be had: it will be read when it is asked for.
     }
-}
-
-void Session::awaitReadAhead() const {
-    if (ahead_.valid()) ahead_.get();
 }
 
 std::vector<RowId> Session::answer(const Query& query, const Table& table) {

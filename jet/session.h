@@ -24,7 +24,10 @@ class Session {
     Session(std::unique_ptr<Store> store, const CacheLimits& limits);
 
     // InvalidOperation once closed.
-    Store& store() const;
+    Store& store() const {
+        awaitReadAhead();
+        return openStore();
+    }
     void close();
     bool isOpen() const { return store_ != nullptr; }
 
@@ -54,11 +57,17 @@ class Session {
   private:
     template <typename Change>
     void inTransaction(Change change);
-    Store& openStore() const;
+    Store& openStore() const {
+        if (!store_) throwClosed();
+        return *store_;
+    }
+    [[noreturn]] static void throwClosed();
     std::vector<RowId> answer(const Query& query, const Table& table);
     void dropStaleCaches();
     TableCache* knownCache(const Table& table);
-    void awaitReadAhead() const;
+    void awaitReadAhead() const {
+        if (ahead_.valid()) ahead_.get();
+    }
 
     std::unique_ptr<Store> store_;
     const TextOrder* textOrder_;

@@ -13,7 +13,11 @@ constexpr size_t kFewestRows = 4096;
 }  // namespace
 
 TableCache::TableCache(const Table& table, const TextOrder& order, const CacheLimits& limits)
-    : table_(table), limits_(limits), folder_(order), slots_(table.definition().columns.size()) {
+    : table_(table),
+      firstColumn_(table.definition().columns.data()),
+      limits_(limits),
+      folder_(order),
+      slots_(table.definition().columns.size()) {
     ids_.reserve(table.rowCount());
     // Rows in file order: in ascending order of their identities.
     table.forEachRow([this](RowId id, RowView) { ids_.push_back(id); });
@@ -22,16 +26,7 @@ TableCache::TableCache(const Table& table, const TextOrder& order, const CacheLi
         live_.pushMember();
 }
 
-size_t TableCache::place(const Column& column) const {
-    return static_cast<size_t>(&column - table_.definition().columns.data());
-}
-
-bool TableCache::isMissing(const Column& column) const {
-    const Slot& slot = slots_[place(column)];
-    return !slot.column && !slot.refused;
-}
-
-CachedColumn* TableCache::column(const Column& column) {
+CachedColumn* TableCache::broughtUpToDate(const Column& column) {
     if (isMissing(column)) {
         const Column* const wanted = &column;
         load({&wanted, 1});

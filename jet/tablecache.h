@@ -30,11 +30,18 @@ class TableCache {
     const RowSet& live() const { return live_; }
 
     // The column, loaded when it is not yet; null when it is of bytes or would take too much.
-    CachedColumn* column(const Column& column);
+    CachedColumn* column(const Column& column) {
+        const Slot& place = slots_[this->place(column)];
+        const bool ready = place.column && place.column->count() == ids_.size();
+        return ready ? place.column.get() : broughtUpToDate(column);
+    }
     // Loads those of the columns that are not there yet, in one walk: faster than one by one.
     void load(std::span<const Column* const> columns);
     // Whether column() would have to load it first.
-    bool isMissing(const Column& column) const;
+    bool isMissing(const Column& column) const {
+        const Slot& place = slots_[this->place(column)];
+        return !place.column && !place.refused;
+    }
     // Its order, brought up to date; null when the column is not there or it would take too much.
     const Ranking* ranking(const Column& column);
     // The same, but null as well when it would have to be made or brought up to date.
@@ -57,13 +64,15 @@ class TableCache {
         bool refused = false;
     };
 
-    size_t place(const Column& column) const;
+    size_t place(const Column& column) const { return static_cast<size_t>(&column - firstColumn_); }
+    CachedColumn* broughtUpToDate(const Column& column);
     bool catchUp(CachedColumn& column) const;
     Slot& slot(const Column& column) { return slots_[place(column)]; }
     std::optional<size_t> numberOf(RowId id) const;
     size_t bytes() const;
 
     const Table& table_;
+    const Column* firstColumn_;  // of the table's definition
     CacheLimits limits_;
     TextFolder folder_;
     std::vector<RowId> ids_;

@@ -127,13 +127,12 @@ std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text, const Tex
     if (slots_.empty()) return rows;
     const uint64_t hash = order_->hash(text);
     const size_t mask = slots_.size() - 1;
-    // What lies anywhere in memory is on its way before it is needed.
-    __builtin_prefetch(&slots_[hash & mask]);
-    folded_.clear();
-    folder.fold(text, folded_);
     for (size_t slot = hash & mask; slots_[slot].row != kNone; slot = (slot + 1) & mask) {
         if (slots_[slot].tag != tagOf(hash)) continue;
+        // What lies anywhere in memory is on its way before it is needed.
         __builtin_prefetch(&next_[slots_[slot].row]);
+        folded_.clear();
+        folder.fold(text, folded_);
         const std::span<const uint8_t> found = texts.text(slots_[slot].row);
         if (!sameBytes(found, folded_)) {
             TextFolder::decode(found, scratch_.right);

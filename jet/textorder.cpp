@@ -173,6 +173,21 @@ TextOrder::TextOrder(Version version) : version_(version), weights_(), folded_()
     std::ranges::transform(weights_, hashSteps_.begin(), hashStepOf);
 }
 
+uint64_t TextOrder::hash(std::u16string_view text) const {
+    while (!text.empty() && text.back() == u' ')
+        text.remove_suffix(1);
+    // Both halves at once: the multiplications of one need not wait for those of the other.
+    const size_t half = text.size() / 2;
+    uint64_t first = 0;
+    HashStep second;
+    for (size_t at = 0; at < half; ++at) {
+        first = hashStep(text[at]).after(first);
+        second = second.then(hashStep(text[half + at]));
+    }
+    if (text.size() % 2 != 0) second = second.then(hashStep(text.back()));
+    return mixed(second.after(first));
+}
+
 TextOrder::HashStep TextOrder::hashStepOf(const CharacterWeight& weight) {
     constexpr uint64_t kBase = 0x100000001B3;
     constexpr uint64_t kSpread = 0xBF58476D1CE4E5B9;

@@ -46,29 +46,15 @@ class TextOrder {
     uint64_t prefix(std::u16string_view text, size_t skip = 0) const;
 
     // Equal for equal texts.
-    uint64_t hash(std::u16string_view text) const {
-        while (!text.empty() && text.back() == u' ')
-            text.remove_suffix(1);
-        size_t at = 0;
-        return hashOf([&](char16_t& character) {
-            if (at == text.size()) return false;
-            character = text[at++];
-            return true;
-        });
-    }
+    uint64_t hash(std::u16string_view text) const;
     // The same for a text whose characters come one by one: next(character) gives them, and false
     // behind the last that is no space.
     template <typename Next>
     uint64_t hashOf(Next&& next) const {
         uint64_t hash = 0;
-        for (char16_t character = 0; next(character);) {
-            const HashStep step =
-                character < kTableSize ? hashSteps_[character] : hashStepOf(otherWeight(character));
-            hash = hash * step.factor + step.term;
-        }
-        // The low bits of such a polynomial know nothing of the high ones.
-        hash = (hash ^ hash >> 32) * 0x9E3779B97F4A7C15;
-        return hash ^ hash >> 32;
+        for (char16_t character = 0; next(character);)
+            hash = hashStep(character).after(hash);
+        return mixed(hash);
     }
 
     // One character for all those that the order cannot tell apart, so that two characters match
@@ -100,10 +86,25 @@ class TextOrder {
     struct HashStep {
         uint64_t factor = 1;
         uint64_t term = 0;
+
+        uint64_t after(uint64_t hash) const { return hash * factor + term; }
+        HashStep then(const HashStep& next) const {
+            return {factor * next.factor, next.after(term)};
+        }
     };
 
     explicit TextOrder(Version version);
     static HashStep hashStepOf(const CharacterWeight& weight);
+    HashStep hashStep(char16_t character) const {
+        if (character < kTableSize) [[likely]]
+            return hashSteps_[character];
+        return hashStepOf(otherWeight(character));
+    }
+    // The low bits of such a polynomial know nothing of the high ones.
+    static uint64_t mixed(uint64_t hash) {
+        hash = (hash ^ hash >> 32) * 0x9E3779B97F4A7C15;
+        return hash ^ hash >> 32;
+    }
     void setWeight(char16_t character, const CharacterWeight& weight);
     void addControls();
     void addOwnWeights();
