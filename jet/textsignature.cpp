@@ -12,6 +12,9 @@ namespace {
 constexpr size_t kShort = 3;  // bytes of a sequence
 constexpr size_t kLong = 4;
 
+// As many words of a slot as are in one line of the processor's caches.
+constexpr size_t kGroupsAtOnce = 8;
+
 template <unsigned kBits>
 size_t hashOf(uint32_t sequence) {
     return sequence * 0x9E3779B1u >> (32 - kBits);
@@ -40,42 +43,67 @@ size_t TextSignature::bytes() const {
     return bytes;
 }
 
-size_t TextSignature::groups() const {
-    return parts_.empty() ? 0 : (parts_.size() - 1) * kGroupsOfPart + parts_.back().groups;
-}
-
 void TextSignature::update(const FoldedTexts& texts, const CacheLimits& limits) {
-    const size_t wanted = texts.count() / kRowsOfGroup;
-    for (size_t known = groups(); known < wanted; known = groups()) {
-        const size_t kept = known % kGroupsOfPart;
-        const size_t first = known - kept;
-        Part part(std::min(wanted - first, kGroupsOfPart));
-        for (size_t slot = 0; kept != 0 && slot < kSlots; ++slot)
-            std::copy_n(parts_.back().slot(slot), kept, part.words.data() + slot * part.groups);
-        const size_t added = part.groups - kept;
-        const size_t shares = std::min(added, limits.partsFor(added * kRowsOfGroup));
-        inParts(added, shares, [&](size_t, size_t from, size_t to) {
-            std::vector<uint64_t> blocksBySlot(kSlots);
-            for (size_t group = kept + from; group < kept + to; ++group) {
-                std::ranges::fill(blocksBySlot, 0);
-                sign(texts, first + group, blocksBySlot);
-                for (size_t slot = 0; slot < kSlots; ++slot)
-                    part.words[slot * part.groups + group] = blocksBySlot[slot];
-            }
-        });
-        if (kept != 0) parts_.pop_back();
-        parts_.push_back(std::move(part));
+    if (texts.count() < kRowsOfGroup) return;
+    const size_t wanted = texts.count() / kRowsOfBlock;
+    while (blocks_ < wanted) {
+        const size_t start = blocks_ / kBlocksOfPart * kBlocksOfPart;
+        const Blocks added{blocks_, std::min(wanted, start + kBlocksOfPart)};
+        Part& part = widened(start / kBlocksOfPart, groupsFor(added.last - start));
+        const size_t firstGroup = (added.first - start) / kBlocksOfGroup;
+        const size_t groups = part.groups - firstGroup;
+        const size_t rows = (added.last - added.first) * kRowsOfBlock;
+        inParts(groups, std::min(groups, limits.partsFor(rows)),
+                [&](size_t, size_t from, size_t to) {
+                    const size_t first = start + (firstGroup + from) * kBlocksOfGroup;
+                    const size_t last = start + (firstGroup + to) * kBlocksOfGroup;
+                    sign(texts, {std::max(added.first, first), std::min(added.last, last)}, part,
+                         firstGroup + from);
+                });
+        blocks_ = added.last;
     }
 }
 
-// A block's slots are gathered in a place that fits into the nearest memory of the processor.
-void TextSignature::sign(const FoldedTexts& texts, size_t group, std::span<uint64_t> blocksBySlot) {
+// The part of that number, with room for so many groups.
+TextSignature::Part& TextSignature::widened(size_t part, size_t groups) {
+    if (part == parts_.size()) return parts_.emplace_back(groups);
+    Part& known = parts_[part];
+    if (known.groups == groups) return known;
+    Part wide(groups);
+    for (size_t slot = 0; slot < kSlots; ++slot)
+        std::copy_n(known.slot(slot), known.groups, wide.slot(slot));
+    return known = std::move(wide);
+}
+
+// Signs `blocks`, the first of which is in that group of the part. Some groups at a time, as the
+// words of a slot are neighbours in memory.
+void TextSignature::sign(const FoldedTexts& texts, Blocks blocks, Part& part, size_t firstGroup) {
+    std::vector<uint64_t> blocksBySlot(kGroupsAtOnce * kSlots);
+    while (blocks.first < blocks.last) {
+        std::ranges::fill(blocksBySlot, 0);
+        size_t groups = 0;
+        for (; groups < kGroupsAtOnce && blocks.first < blocks.last; ++groups) {
+            const size_t end = (blocks.first / kBlocksOfGroup + 1) * kBlocksOfGroup;
+            const Blocks ofGroup{blocks.first, std::min(end, blocks.last)};
+            sign(texts, ofGroup, std::span(blocksBySlot).subspan(groups * kSlots, kSlots));
+            blocks.first = ofGroup.last;
+        }
+        for (size_t slot = 0; slot < kSlots; ++slot)
+            for (size_t group = 0; group < groups; ++group)
+                part.slot(slot)[firstGroup + group] |= blocksBySlot[group * kSlots + slot];
+        firstGroup += groups;
+    }
+}
+
+// Signs blocks of one group. A block's slots are gathered in a place that fits into the nearest
+// memory of the processor.
+void TextSignature::sign(const FoldedTexts& texts, Blocks blocks,
+                         std::span<uint64_t> blocksBySlot) {
     std::array<uint64_t, kSlots / 64> slots;
-    for (size_t block = 0; block < kBlocksOfGroup; ++block) {
-        const uint64_t thisBlock = uint64_t{1} << block;
+    for (size_t block = blocks.first; block < blocks.last; ++block) {
+        const uint64_t thisBlock = uint64_t{1} << block % kBlocksOfGroup;
         slots.fill(0);
-        const size_t firstRow = group * kRowsOfGroup + block * kRowsOfBlock;
-        for (size_t row = firstRow; row < firstRow + kRowsOfBlock; ++row) {
+        for (size_t row = block * kRowsOfBlock; row < (block + 1) * kRowsOfBlock; ++row) {
             forEachSlot<kSlots>(texts.text(row), [&slots](size_t slot) {
                 slots[slot / 64] |= uint64_t{1} << slot % 64;
                 return true;
@@ -95,6 +123,9 @@ std::vector<TextSignature::Run> TextSignature::candidates(std::span<const uint8_
     for (const Part& part : parts_) {
         std::array<uint64_t, kGroupsOfPart> blocks;
         blocks.fill(~uint64_t{0});
+        const size_t known = blocks_ % kBlocksOfGroup;
+        if (&part == &parts_.back() && known != 0)
+            blocks[part.groups - 1] = (uint64_t{1} << known) - 1;
         forEachSlot<kSlots>(wanted, [&](size_t slot) {
             const uint64_t* const words = part.slot(slot);
             uint64_t left = 0;
@@ -105,8 +136,11 @@ std::vector<TextSignature::Run> TextSignature::candidates(std::span<const uint8_
         for (size_t group = 0; group < part.groups; ++group, row += kRowsOfGroup)
             addRuns(blocks[group], row, runs);
     }
-    for (; row < count; row += kRowsOfGroup)
-        runs.push_back({row, std::min(row + kRowsOfGroup, count)});
+    for (row = blocks_ * kRowsOfBlock; row < count;) {
+        const size_t end = std::min((row / kRowsOfGroup + 1) * kRowsOfGroup, count);
+        runs.push_back({row, end});
+        row = end;
+    }
     return runs;
 }
 

@@ -24,9 +24,9 @@ class TextSignature {
         size_t last;
     };
 
-    // Takes in the whole groups of rows behind those that it knows. `texts` is always the same
-    // column; its texts never change, and rows only come behind. Several processors share the work
-    // where `limits` let them.
+    // Takes in the whole blocks of rows behind those that it knows, as soon as there is a group of
+    // rows. `texts` is always the same column; its texts never change, and rows only come behind.
+    // Several processors share the work where `limits` let them.
     void update(const FoldedTexts& texts, const CacheLimits& limits);
 
     // All rows below `count` that may hold `wanted`, those that it does not know among them, in
@@ -35,27 +35,43 @@ class TextSignature {
 
     size_t bytes() const;
     // What it takes for that many rows.
-    static size_t bytesFor(size_t rows) { return rows / kRowsOfGroup * kSlots * sizeof(uint64_t); }
+    static size_t bytesFor(size_t rows) {
+        return rows < kRowsOfGroup ? 0 : groupsFor(rows / kRowsOfBlock) * kSlots * sizeof(uint64_t);
+    }
 
   private:
     static constexpr size_t kSlots = 16384;
     static constexpr size_t kGroupsOfPart = 32;
+    static constexpr size_t kBlocksOfPart = kGroupsOfPart * kBlocksOfGroup;
+
+    // Blocks `first` to `last`, that one excluded, of the whole column.
+    struct Blocks {
+        size_t first;
+        size_t last;
+    };
 
     // Up to kGroupsOfPart groups. For each slot, one behind the other, the words of all of them:
     // the blocks that have a sequence of that hash. So a search reads few places of memory.
     struct Part {
         explicit Part(size_t groupCount) : groups(groupCount), words(groupCount * kSlots) {}
         const uint64_t* slot(size_t number) const { return words.data() + number * groups; }
+        uint64_t* slot(size_t number) { return words.data() + number * groups; }
 
         size_t groups;
         std::vector<uint64_t> words;
     };
 
-    size_t groups() const;
-    static void sign(const FoldedTexts& texts, size_t group, std::span<uint64_t> blocksBySlot);
+    // Room for so many blocks.
+    static constexpr size_t groupsFor(size_t blocks) {
+        return (blocks + kBlocksOfGroup - 1) / kBlocksOfGroup;
+    }
+    Part& widened(size_t part, size_t groups);
+    static void sign(const FoldedTexts& texts, Blocks blocks, Part& part, size_t firstGroup);
+    static void sign(const FoldedTexts& texts, Blocks blocks, std::span<uint64_t> blocksBySlot);
     static void addRuns(uint64_t blocks, size_t firstRow, std::vector<Run>& runs);
 
     std::vector<Part> parts_;  // full but for the last
+    size_t blocks_ = 0;        // that it knows
 };
 
 }  // namespace jet

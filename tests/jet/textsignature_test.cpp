@@ -90,27 +90,34 @@ TEST_F(TextSignatureTest, LeavesOutBlocksThatDoNotHoldIt) {
 }
 
 TEST_F(TextSignatureTest, LooksEverywhereForWhatIsTooShort) {
-    addNumbered(kGroup + 1);
+    addNumbered(kGroup + kBlock + 1);
     signature_.update(texts_, limits_);
-    EXPECT_EQ(candidateRows("xq"), kGroup + 1);
-    EXPECT_EQ(candidateRows("x"), kGroup + 1);
+    EXPECT_EQ(candidateRows("xq"), texts_.count());
+    EXPECT_EQ(candidateRows("x"), texts_.count());
 }
 
-TEST_F(TextSignatureTest, KnowsWholeGroupsAlone) {
+TEST_F(TextSignatureTest, KnowsWholeBlocksOnceThereIsAGroup) {
     addNumbered(kGroup - 1);
     signature_.update(texts_, limits_);
     EXPECT_EQ(signature_.bytes(), 0u);
+    EXPECT_EQ(TextSignature::bytesFor(texts_.count()), 0u);
     EXPECT_EQ(candidateRows("xqxq"), kGroup - 1);
     addNumbered(2);
     EXPECT_EQ(candidateRows("xqxq"), kGroup + 1);
     signature_.update(texts_, limits_);
     EXPECT_EQ(signature_.bytes(), TextSignature::bytesFor(texts_.count()));
     EXPECT_EQ(candidateRows("xqxq"), 1u);
-    addNumbered(kGroup);
-    signature_.update(texts_, limits_);
-    EXPECT_EQ(signature_.bytes(), TextSignature::bytesFor(texts_.count()));
-    EXPECT_EQ(candidateRows("xqxq"), 1u);
+    for (const size_t more : {kBlock, kBlock - 1, size_t{1}, 5 * kBlock, kGroup}) {
+        const size_t rest = texts_.count() % kBlock;
+        addNumbered(more);
+        EXPECT_EQ(candidateRows("xqxq"), rest + more);
+        signature_.update(texts_, limits_);
+        EXPECT_EQ(signature_.bytes(), TextSignature::bytesFor(texts_.count()));
+        EXPECT_EQ(candidateRows("xqxq"), texts_.count() % kBlock);
+        EXPECT_EQ(candidateRows("title"), texts_.count());
+    }
     EXPECT_GE(candidateRows("title 5000"), kBlock);
+    EXPECT_LE(candidateRows("title 5000"), kGroup);
 }
 
 TEST_F(TextSignatureTest, KnowsLongSequencesFromTheirParts) {
