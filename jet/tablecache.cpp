@@ -21,7 +21,7 @@ TableCache::TableCache(const Table& table, const TextOrder& order, const CacheLi
     ids_.reserve(table.rowCount());
     // Rows in file order: in ascending order of their identities.
     table.forEachRow([this](RowId id, RowView) { ids_.push_back(id); });
-    firstCount_ = ids_.size();
+    firstCount_ = indexedCount_ = ids_.size();
     for (size_t row = 0; row < ids_.size(); ++row)
         live_.pushMember();
 }
@@ -99,7 +99,6 @@ bool TableCache::hasRoomFor(size_t bytes) const {
 }
 
 void TableCache::rowAdded(RowId id) {
-    laterRows_.insert_or_assign(id.value, static_cast<uint32_t>(ids_.size()));
     ids_.push_back(id);
     live_.pushMember();
 }
@@ -113,7 +112,10 @@ void TableCache::rowRemoved(RowId id) {
 }
 
 // A row that was removed and one added later may bear the same identity.
-std::optional<size_t> TableCache::numberOf(RowId id) const {
+std::optional<size_t> TableCache::numberOf(RowId id) {
+    for (; indexedCount_ < ids_.size(); ++indexedCount_)
+        laterRows_.insert_or_assign(ids_[indexedCount_].value,
+                                    static_cast<uint32_t>(indexedCount_));
     const auto later = laterRows_.find(id.value);
     if (later != laterRows_.end()) return later->second;
     const auto end = ids_.begin() + static_cast<std::ptrdiff_t>(firstCount_);

@@ -68,7 +68,7 @@ class TableCache {
     CachedColumn* broughtUpToDate(const Column& column);
     bool catchUp(CachedColumn& column) const;
     Slot& slot(const Column& column) { return slots_[place(column)]; }
-    std::optional<size_t> numberOf(RowId id) const;
+    std::optional<size_t> numberOf(RowId id);
     size_t bytes() const;
 
     const Table& table_;
@@ -77,9 +77,11 @@ class TableCache {
     TextFolder folder_;
     std::vector<RowId> ids_;
     RowSet live_;
-    // The rows of the first walk, in ascending order of their identities; the others by identity.
+    // The rows of the first walk, in ascending order of their identities; the others, as far as
+    // rows were removed since, by identity.
     size_t firstCount_ = 0;
     std::unordered_map<uint32_t, uint32_t> laterRows_;
+    size_t indexedCount_ = 0;  // rows, those of the first walk among them
     size_t removedCount_ = 0;
     std::vector<Slot> slots_;  // by place of the column in the table's definition
 };

@@ -151,16 +151,16 @@ bool Column::isNumber() const {
 }
 
 const Column* TableDefinition::find(std::u16string_view columnName) const {
-    const auto sameCharacter = [](char16_t a, char16_t b) {
-        return a == b || base::upper(a) == base::upper(b);
-    };
+    // Most ask for the name as it is.
     for (const Column& column : columns)
-        if (column.name == columnName ||
-            std::equal(column.name.begin(), column.name.end(), columnName.begin(), columnName.end(),
-                       sameCharacter)) {
-            return &column;
-        }
-    return nullptr;
+        if (column.name == columnName) return &column;
+    const auto sameCharacter = [](char16_t a, char16_t b) {
+        return base::upper(a) == base::upper(b);
+    };
+    const auto found = std::ranges::find_if(columns, [&](const Column& column) {
+        return std::ranges::equal(column.name, columnName, sameCharacter);
+    });
+    return found == columns.end() ? nullptr : &*found;
 }
 
 TableDefinition readTableDefinition(const Pager& pager, uint32_t page, std::u16string_view name) {

@@ -59,15 +59,22 @@ void JetContender::begin() {
 
 void JetContender::append(std::span<const Row> rows) {
     const auto table = database_->OpenRecordset(u"ListDonnees");
+    jet::Field nom = table->Fields(u"Nom");
+    jet::Field nomCompil = table->Fields(u"NomCompil");
+    jet::Field fichier = table->Fields(u"Fichier");
+    jet::Field fichierCompil = table->Fields(u"FichierCompil");
+    jet::Field taille = table->Fields(u"Taille");
+    jet::Field compilation = table->Fields(u"Compilation");
+    jet::Field type = table->Fields(u"Type");
     for (const Row& row : rows) {
         table->AddNew();
-        table->Fields(u"Nom").setText(row.nom.utf16);
-        table->Fields(u"NomCompil").setText(row.nomCompil.utf16);
-        table->Fields(u"Fichier").setText(row.fichier.utf16);
-        table->Fields(u"FichierCompil").setText(row.fichierCompil.utf16);
-        table->Fields(u"Taille").setValue(row.taille);
-        table->Fields(u"Compilation").setText(row.compilation.utf16);
-        table->Fields(u"Type").setText(row.type.utf16);
+        nom.setText(row.nom.utf16);
+        nomCompil.setText(row.nomCompil.utf16);
+        fichier.setText(row.fichier.utf16);
+        fichierCompil.setText(row.fichierCompil.utf16);
+        taille.setValue(row.taille);
+        compilation.setText(row.compilation.utf16);
+        type.setText(row.type.utf16);
         table->Update();
     }
 }
