@@ -12,9 +12,6 @@ namespace {
 // How long the caller's windows may wait for a report, milliseconds.
 constexpr DWORD kReportInterval = 15;
 
-// As many copies as the owner gives their names without a pause, while as many again are made.
-constexpr size_t kWorthWaking = FileCopier::kMostAhead / 2;
-
 // Numbers are used again when the copies that had them have long got their names.
 constexpr uint32_t kNumbers = 2 * static_cast<uint32_t>(FileCopier::kMostAhead + 2);
 
@@ -94,10 +91,6 @@ void CopyQueue::clear() {
     }
 }
 
-bool CopyQueue::worthWaking() const {
-    return ended_ >= kWorthWaking || copies_.size() - ended_ <= 1;
-}
-
 DWORD WINAPI CopyQueue::run(void* data) noexcept {
     static_cast<CopyQueue*>(data)->work();
     return 0;
@@ -117,7 +110,7 @@ void CopyQueue::work() {
         AcquireSRWLockExclusive(&lock_);
         busy_ = false;
         ++ended_;
-        if (worthWaking()) WakeConditionVariable(&advanced_);
+        if (isWorthWaking(ended_, copies_.size() - ended_)) WakeConditionVariable(&advanced_);
     }
     ReleaseSRWLockExclusive(&lock_);
 }

@@ -45,11 +45,18 @@ class CopyQueue {
     // Cancels all copies and removes what there is of them.
     void clear();
 
+    // Whether an owner who waits is woken when `ended` copies have ended and `left` have not: when
+    // it has enough to do, or when it would soon be the only one who has.
+    static constexpr bool isWorthWaking(size_t ended, size_t left) {
+        return ended >= kTurn || left <= 1;
+    }
+
   private:
+    // As many copies as the owner gives their names without a pause, while as many again are made.
+    static constexpr size_t kTurn = FileCopier::kMostAhead / 2;
+
     static DWORD WINAPI run(void* data) noexcept;
     void work();
-    // Whether the owner, which waits for the first copy, has enough to do.
-    bool worthWaking() const;
 
     const SystemCopy systemCopy_;
     // The copies at the front have ended, the next one goes on unless the thread sleeps, and behind

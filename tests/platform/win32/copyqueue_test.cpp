@@ -139,6 +139,16 @@ TEST_F(CopyQueueTest, HandsOutTheFirstWhileALaterOneGoesOn) {
     EXPECT_EQ(queue_.size(), 3U);
 }
 
+TEST_F(CopyQueueTest, WakesItsOwnerForManyCopiesAtATime) {
+    const size_t turn = FileCopier::kMostAhead / 2;
+    EXPECT_FALSE(CopyQueue::isWorthWaking(1, turn));
+    EXPECT_FALSE(CopyQueue::isWorthWaking(turn - 1, 2));
+    EXPECT_TRUE(CopyQueue::isWorthWaking(turn, 2));
+    EXPECT_TRUE(CopyQueue::isWorthWaking(turn + 1, turn));
+    EXPECT_TRUE(CopyQueue::isWorthWaking(1, 1));
+    EXPECT_TRUE(CopyQueue::isWorthWaking(1, 0));
+}
+
 TEST_F(CopyQueueTest, ClearingEndsWhatIsUnderWayAndForgetsTheRest) {
     for (const char16_t* name : {u"a", u"b", u"c"})
         add(name);
