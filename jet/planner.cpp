@@ -1,7 +1,6 @@
 #include "jet/planner.h"
 
 #include <algorithm>
-#include <span>
 
 #include "jet/codedecision.h"
 
@@ -22,16 +21,6 @@ bool isLookUp(const Condition& condition) {
     return condition.kind == Condition::Kind::Test &&
            condition.test.kind == ColumnTest::Kind::Text &&
            condition.test.comparison == CompareOperator::Equal;
-}
-
-template <typename Visitor>
-void forEachTest(const Condition& condition, Visitor&& visit) {
-    if (condition.kind == Condition::Kind::Test) {
-        visit(condition.test);
-        return;
-    }
-    for (const Condition& operand : condition.operands)
-        forEachTest(operand, visit);
 }
 
 // The column whose kept order is that of the query; else null.
@@ -80,11 +69,11 @@ std::vector<RowId> Planner::rows(const Query& query) {
 void Planner::loadColumns(const Query& query) {
     std::vector<const Column*> missing;
     const auto want = [&](const Column* column) {
-        if (!cache_.isMissing(*column)) return;
-        if (std::ranges::find(missing, column) == missing.end()) missing.push_back(column);
+        if (cache_.isMissing(*column)) missing.push_back(column);
     };
     if (query.where) {
-        forEachTest(*query.where, [&](const ColumnTest& test) { want(test.column); });
+        for (const Column* column : query.tested)
+            want(column);
     } else if (query.distinct && query.columns->size() == 1) {
         want(query.columns->front());
     } else if (const Column* column = rankedColumn(query)) {
@@ -289,7 +278,7 @@ const Ranking* Planner::rankingFor(const Query& query, size_t count) {
     return count < kWorthRanking ? cache_.freshRanking(*column) : cache_.ranking(*column);
 }
 
-std::vector<RowId> Planner::identities(const RowNumbers& rows) const {
+std::vector<RowId> Planner::identities(std::span<const uint32_t> rows) const {
     std::vector<RowId> found(rows.size());
     std::ranges::transform(rows, found.begin(), [this](uint32_t row) { return cache_.ids()[row]; });
     return found;
@@ -316,6 +305,7 @@ std::vector<RowId> Planner::ordered(const Query& query, const RowSet& rows) {
         rows.forEach([&](size_t row) { numbers.push_back(static_cast<uint32_t>(row)); });
         return ordered(query, std::move(numbers));
     }
+    if (count == rows.limit()) return identities(ranking->rows());
     std::vector<RowId> found;
     found.reserve(count);
     for (const uint32_t row : ranking->rows())

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "jet/query.h"
@@ -44,7 +45,7 @@ class Planner {
     std::vector<RowId> ordered(const Query& query, const RowSet& rows);
     std::vector<RowId> ordered(const Query& query, RowNumbers rows);
     const Ranking* rankingFor(const Query& query, size_t count);
-    std::vector<RowId> identities(const RowNumbers& rows) const;
+    std::vector<RowId> identities(std::span<const uint32_t> rows) const;
 
     const Table& table_;
     const TextOrder& textOrder_;

@@ -46,6 +46,15 @@ class RowOrder {
     ColumnReader reader_;
 };
 
+void addTested(const Condition& condition, Query::Columns& tested) {
+    if (condition.kind == Condition::Kind::Test) {
+        const Column* const column = condition.test.column;
+        if (std::ranges::find(tested, column) == tested.end()) tested.push_back(column);
+    }
+    for (const Condition& operand : condition.operands)
+        addTested(operand, tested);
+}
+
 SortColumn bindSort(const OrderTerm& term, const TableDefinition& definition, const Query& query) {
     const Column& column = bindColumn(term.column, definition);
     if (!column.isText() && !isComparedAsNumber(column)) {
@@ -79,7 +88,10 @@ Query bindQuery(const SelectStatement& statement, const TableDefinition& definit
         columns.push_back(&bindColumn(name, definition));
     if (statement.columns.empty()) columns = allColumns(definition);
     query.columns = std::make_shared<const Query::Columns>(std::move(columns));
-    if (statement.where) query.where = bindCondition(*statement.where, definition, textOrder);
+    if (statement.where) {
+        query.where = bindCondition(*statement.where, definition, textOrder);
+        addTested(*query.where, query.tested);
+    }
     for (const OrderTerm& term : statement.order)
         query.order.push_back(bindSort(term, definition, query));
     return query;

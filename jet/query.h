@@ -26,6 +26,7 @@ struct Query {
     std::shared_ptr<const Columns> columns;
     bool distinct = false;
     std::optional<Condition> where;
+    Columns tested;  // those that `where` asks about, each once
     std::vector<SortColumn> order;
 };
 
