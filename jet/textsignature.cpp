@@ -78,9 +78,10 @@ TextSignature::Part& TextSignature::widened(size_t part, size_t groups) {
 // Signs `blocks`, the first of which is in that group of the part. Some groups at a time, as the
 // words of a slot are neighbours in memory.
 void TextSignature::sign(const FoldedTexts& texts, Blocks blocks, Part& part, size_t firstGroup) {
-    std::vector<uint64_t> blocksBySlot(kGroupsAtOnce * kSlots);
+    std::vector<uint64_t> blocksBySlot;
     while (blocks.first < blocks.last) {
-        std::ranges::fill(blocksBySlot, 0);
+        const size_t left = groupsFor(blocks.last) - blocks.first / kBlocksOfGroup;
+        blocksBySlot.assign(std::min(left, kGroupsAtOnce) * kSlots, 0);
         size_t groups = 0;
         for (; groups < kGroupsAtOnce && blocks.first < blocks.last; ++groups) {
             const size_t end = (blocks.first / kBlocksOfGroup + 1) * kBlocksOfGroup;
@@ -119,24 +120,27 @@ void TextSignature::sign(const FoldedTexts& texts, Blocks blocks,
 std::vector<TextSignature::Run> TextSignature::candidates(std::span<const uint8_t> wanted,
                                                           size_t count) const {
     std::vector<Run> runs;
-    size_t row = 0;
+    size_t block = 0;
     for (const Part& part : parts_) {
+        // Memory may have run out before all blocks of a part were signed.
+        const size_t known = std::min(blocks_ - block, kBlocksOfPart);
+        const size_t groups = groupsFor(known);
         std::array<uint64_t, kGroupsOfPart> blocks;
         blocks.fill(~uint64_t{0});
-        const size_t known = blocks_ % kBlocksOfGroup;
-        if (&part == &parts_.back() && known != 0)
-            blocks[part.groups - 1] = (uint64_t{1} << known) - 1;
+        if (known % kBlocksOfGroup != 0)
+            blocks[groups - 1] = (uint64_t{1} << known % kBlocksOfGroup) - 1;
         forEachSlot<kSlots>(wanted, [&](size_t slot) {
             const uint64_t* const words = part.slot(slot);
             uint64_t left = 0;
-            for (size_t group = 0; group < part.groups; ++group)
+            for (size_t group = 0; group < groups; ++group)
                 left |= blocks[group] &= words[group];
             return left != 0;
         });
-        for (size_t group = 0; group < part.groups; ++group, row += kRowsOfGroup)
-            addRuns(blocks[group], row, runs);
+        for (size_t group = 0; group < groups; ++group)
+            addRuns(blocks[group], block * kRowsOfBlock + group * kRowsOfGroup, runs);
+        block += known;
     }
-    for (row = blocks_ * kRowsOfBlock; row < count;) {
+    for (size_t row = blocks_ * kRowsOfBlock; row < count;) {
         const size_t end = std::min((row / kRowsOfGroup + 1) * kRowsOfGroup, count);
         runs.push_back({row, end});
         row = end;
