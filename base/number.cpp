@@ -73,11 +73,16 @@ std::u16string wholeNumber(int64_t value) {
 }
 
 void appendWholeNumber(std::u16string& out, int64_t value) {
-    std::array<char, std::numeric_limits<int64_t>::digits10 + 2> digits;
-    const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value);
-    std::array<char16_t, digits.size()> wide;
-    const auto wideEnd = std::copy(digits.data(), end.ptr, wide.data());
-    out.append(wide.data(), wideEnd);
+    std::array<char16_t, std::numeric_limits<int64_t>::digits10 + 2> digits;
+    auto first = digits.end();
+    // The smallest number has no positive one of its size, but an unsigned one.
+    uint64_t rest = value < 0 ? 0 - static_cast<uint64_t>(value) : static_cast<uint64_t>(value);
+    do {
+        *--first = static_cast<char16_t>(u'0' + rest % 10);
+        rest /= 10;
+    } while (rest != 0);
+    if (value < 0) *--first = u'-';
+    out.append(first, static_cast<size_t>(digits.end() - first));
 }
 
 std::u16string plainNumber(double value) {

@@ -67,19 +67,17 @@ std::vector<RowId> Planner::rows(const Query& query) {
 
 // What the answer is found with, in one walk through the table when it is not there yet.
 void Planner::loadColumns(const Query& query) {
-    std::vector<const Column*> missing;
-    const auto want = [&](const Column* column) {
-        if (cache_.isMissing(*column)) missing.push_back(column);
-    };
+    const Column* const ranked = rankedColumn(query);
+    std::span<const Column* const> wanted;
     if (query.where) {
-        for (const Column* column : query.tested)
-            want(column);
+        wanted = query.tested;
     } else if (query.distinct && query.columns->size() == 1) {
-        want(query.columns->front());
-    } else if (const Column* column = rankedColumn(query)) {
-        want(column);
+        wanted = *query.columns;
+    } else if (ranked) {
+        wanted = {&ranked, 1};
     }
-    if (!missing.empty()) cache_.load(missing);
+    const auto isMissing = [this](const Column* column) { return cache_.isMissing(*column); };
+    if (std::ranges::any_of(wanted, isMissing)) cache_.load(wanted);
 }
 
 // The column of a test that is a look-up, else null.

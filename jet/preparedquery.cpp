@@ -85,17 +85,22 @@ bool PreparedQuery::become(std::u16string_view sql) {
     return true;
 }
 
-void PreparedQuery::set(const Literal& literal, Token& value) const {
+void PreparedQuery::set(const Literal& literal, const Token& value) const {
     ColumnTest& test = *literal.test;
     switch (test.kind) {
         case ColumnTest::Kind::Number:
             test.number = literal.negative ? -value.number : value.number;
             break;
-        case ColumnTest::Kind::Like:
-            test.pattern.emplace(value.text, textOrder_);
+        case ColumnTest::Kind::Like: {
+            std::u16string pattern;
+            value.copyText(pattern);
+            test.pattern.emplace(pattern, textOrder_);
             break;
+        }
         default:
-            std::swap(test.text, value.text);
+            // Of a text and its type mostly the type is that of the last query.
+            if (value.doubledMark == 0 && value.text == test.text) break;
+            value.copyText(test.text);
             break;
     }
 }

@@ -42,7 +42,7 @@ class PreparedQuery {
 
     void findLiterals();
     void linkLiterals();
-    void set(const Literal& literal, Token& value) const;
+    void set(const Literal& literal, const Token& value) const;
 
     std::u16string sql_;  // as it was first
     const TextOrder& textOrder_;

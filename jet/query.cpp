@@ -55,6 +55,14 @@ void addTested(const Condition& condition, Query::Columns& tested) {
         addTested(operand, tested);
 }
 
+Query::Columns allColumns(const TableDefinition& definition) {
+    Query::Columns columns;
+    columns.reserve(definition.columns.size());
+    for (const Column& column : definition.columns)
+        columns.push_back(&column);
+    return columns;
+}
+
 SortColumn bindSort(const OrderTerm& term, const TableDefinition& definition, const Query& query) {
     const Column& column = bindColumn(term.column, definition);
     if (!column.isText() && !isComparedAsNumber(column)) {
@@ -71,14 +79,6 @@ SortColumn bindSort(const OrderTerm& term, const TableDefinition& definition, co
 
 }  // namespace
 
-Query::Columns allColumns(const TableDefinition& definition) {
-    Query::Columns columns;
-    columns.reserve(definition.columns.size());
-    for (const Column& column : definition.columns)
-        columns.push_back(&column);
-    return columns;
-}
-
 Query bindQuery(const SelectStatement& statement, const TableDefinition& definition,
                 const TextOrder& textOrder) {
     Query query;
@@ -86,8 +86,9 @@ Query bindQuery(const SelectStatement& statement, const TableDefinition& definit
     Query::Columns columns;
     for (const ColumnName& name : statement.columns)
         columns.push_back(&bindColumn(name, definition));
-    if (statement.columns.empty()) columns = allColumns(definition);
-    query.columns = std::make_shared<const Query::Columns>(std::move(columns));
+    if (columns.empty() && query.distinct) columns = allColumns(definition);
+    if (!columns.empty())
+        query.columns = std::make_shared<const Query::Columns>(std::move(columns));
     if (statement.where) {
         query.where = bindCondition(*statement.where, definition, textOrder);
         addTested(*query.where, query.tested);

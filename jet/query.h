@@ -22,7 +22,7 @@ struct SortColumn {
 struct Query {
     using Columns = std::vector<const Column*>;
 
-    // In definition order for `*`; else as the query names them. Its recordsets share them.
+    // Shared with its recordsets. Null for all of the table's, but with DISTINCT these are listed.
     std::shared_ptr<const Columns> columns;
     bool distinct = false;
     std::optional<Condition> where;
@@ -34,8 +34,6 @@ struct Query {
 // NotSupported for an order by a column of bytes, or by one that a DISTINCT leaves out.
 Query bindQuery(const SelectStatement& statement, const TableDefinition& definition,
                 const TextOrder& textOrder);
-// All columns of a table, in its order.
-Query::Columns allColumns(const TableDefinition& definition);
 
 // Tests rows, one after the other, straight from their pages.
 class RowTester {

@@ -57,10 +57,7 @@ void Field::setText(std::u16string_view text) {
 }
 
 Recordset::Recordset(std::shared_ptr<Session> session, Table& table)
-    : session_(std::move(session)),
-      table_(&table),
-      columns_(std::make_shared<const Columns>(allColumns(table.definition()))),
-      updatable_(true) {}
+    : session_(std::move(session)), table_(&table), updatable_(true) {}
 
 Recordset::Recordset(std::shared_ptr<Session> session, Table& table, const Query& query)
     : session_(std::move(session)),
@@ -156,10 +153,14 @@ void Recordset::setBookmark(RowId bookmark) {
 Field Recordset::Fields(std::u16string_view name) {
     requireOpen();
     const Column* column = table_->definition().find(name);
-    if (column && std::ranges::find(*columns_, column) != columns_->end()) return {*this, *column};
+    if (column && hasColumn(*column)) return {*this, *column};
     throw Error(ErrorNumber::ItemNotFound,
                 u"\u00C9l\u00E9ment \u00AB\u00A0" + std::u16string(name) +
                     u"\u00A0\u00BB non trouv\u00E9 dans cette collection.");
+}
+
+bool Recordset::hasColumn(const Column& column) const {
+    return !columns_ || std::ranges::find(*columns_, &column) != columns_->end();
 }
 
 size_t Recordset::indexOf(const Column& column) const {

@@ -103,6 +103,7 @@ class Recordset {
     const std::vector<RowId>& rows() const;
     RowId current() const;
     void skipDeleted();
+    bool hasColumn(const Column& column) const;
     size_t indexOf(const Column& column) const;
     jet::Value read(const Column& column) const;
     std::u16string readText(const Column& column) const;
@@ -110,7 +111,7 @@ class Recordset {
 
     std::shared_ptr<Session> session_;  // null once closed
     Table* table_;
-    std::shared_ptr<const Columns> columns_;
+    std::shared_ptr<const Columns> columns_;  // null for all of the table's
     bool updatable_;
     mutable std::optional<std::vector<RowId>> rows_;  // found when first asked for
     // A deleted row leaves a RowId 0 behind until the list is asked for a position: a walk that

@@ -37,6 +37,18 @@ Error syntaxError(std::u16string_view what, size_t position) {
                      u" de la requ\u00EAte");
 }
 
+void Token::copyText(std::u16string& out) const {
+    out.clear();
+    if (doubledMark == 0) {
+        out.append(text);
+        return;
+    }
+    for (size_t at = 0; at < text.size(); ++at) {
+        out.push_back(text[at]);
+        if (text[at] == doubledMark) ++at;
+    }
+}
+
 void SqlLexer::skipBlanks() {
     while (at_ < sql_.size() && isBlank(sql_[at_]))
         ++at_;
@@ -50,11 +62,12 @@ Token SqlLexer::next() {
 
 void SqlLexer::next(Token& token) {
     skipBlanks();
-    token.kind = TokenKind::End;
+    token = Token{};
     token.position = at_;
-    token.text.clear();
-    token.number = 0;
-    if (at_ == sql_.size()) return;
+    if (at_ < sql_.size()) take(token);
+}
+
+void SqlLexer::take(Token& token) {
     const char16_t c = sql_[at_];
     switch (c) {
         case u'(':
@@ -126,16 +139,17 @@ void SqlLexer::bracketedName(Token& token) {
 
 void SqlLexer::text(Token& token) {
     token.kind = TokenKind::Text;
-    const char16_t quote = sql_[at_++];
+    const char16_t mark = sql_[at_++];
+    const size_t start = at_;
     while (true) {
-        const size_t close = base::find(sql_, quote, at_);
+        const size_t close = base::find(sql_, mark, at_);
         if (close == sql_.npos) throw syntaxError(u"guillemet non ferm\u00E9", token.position);
-        token.text.append(sql_.substr(at_, close - at_));
         at_ = close + 1;
-        if (at_ == sql_.size() || sql_[at_] != quote) return;
-        token.text.push_back(quote);
+        if (at_ == sql_.size() || sql_[at_] != mark) break;
+        token.doubledMark = mark;
         ++at_;
     }
+    token.text = sql_.substr(start, at_ - 1 - start);
 }
 
 // Most numbers are whole, and short enough for a double to hold exactly. False when this one is

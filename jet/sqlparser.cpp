@@ -107,8 +107,8 @@ class Parser {
 
     ColumnName columnName() {
         if (!atName()) fail(u"nom attendu");
-        Token token = take();
-        return {std::move(token.text), token.position};
+        const Token token = take();
+        return {std::u16string(token.text), token.position};
     }
 
     OrderTerm orderTerm() {
@@ -232,7 +232,11 @@ class Parser {
     }
 
     Value literal() {
-        if (token_.kind == TokenKind::Text) return take().text;
+        if (token_.kind == TokenKind::Text) {
+            std::u16string text;
+            take().copyText(text);
+            return text;
+        }
         if (acceptKeyword(u"NULL")) return Null{};
         if (acceptKeyword(u"TRUE")) return true;
         if (acceptKeyword(u"FALSE")) return false;

@@ -12,15 +12,14 @@ using namespace std::string_view_literals;
 // What stands around the texts and numbers of any of these queries is shorter than that.
 constexpr size_t kWords = 128;
 
-// The query that begins with `start` and asks for a type, with room for a title.
+// `start`, the type and `then`, with room for a title.
 std::u16string typeQuery(std::u16string_view start, std::u16string_view type,
-                         std::u16string_view title) {
+                         std::u16string_view then, std::u16string_view title) {
     std::u16string query;
     query.reserve(kWords + title.size());
     query += start;
-    query += u"(Type="sv;
     base::appendQuoted(query, type);
-    query += u") "sv;
+    query += then;
     return query;
 }
 
@@ -86,8 +85,8 @@ bool matchesFilterText(std::u16string_view filterText, std::u16string_view title
 }
 
 std::u16string knownTitleQuery(std::u16string_view type, std::u16string_view title) {
-    std::u16string query = typeQuery(u"SELECT * from Listdonnees where", type, title);
-    query += u" and Nom="sv;
+    std::u16string query =
+        typeQuery(u"SELECT * from Listdonnees where(Type="sv, type, u")  and Nom="sv, title);
     base::appendQuoted(query, title);
     return query;
 }
@@ -103,7 +102,8 @@ std::u16string knownTitleAndSizeQuery(std::u16string_view type, std::u16string_v
 std::u16string catalogueRuleQuery(CatalogueRule rule, std::u16string_view type,
                                   std::u16string_view filterText, std::u16string_view title,
                                   int64_t size) {
-    std::u16string query = typeQuery(u"SELECT * FROM Listdonnees WHERE ", type, title);
+    std::u16string query =
+        typeQuery(u"SELECT * FROM Listdonnees WHERE (Type="sv, type, u") "sv, title);
     if (!filterText.empty()) {
         const std::u16string pattern = base::quoted(u"*" + std::u16string(filterText) + u"*");
         query += u"and (Nom LIKE " + pattern + u" or Fichier LIKE " + pattern + u")";
@@ -114,7 +114,8 @@ std::u16string catalogueRuleQuery(CatalogueRule rule, std::u16string_view type,
 }
 
 std::u16string duplicateRuleQuery(DuplicateRule rule, std::u16string_view title, int64_t size) {
-    std::u16string query = typeQuery(u"SELECT * FROM Listdonnees WHERE ", kMarkerType, title);
+    std::u16string query =
+        typeQuery(u"SELECT * FROM Listdonnees WHERE (Type="sv, kMarkerType, u") "sv, title);
     addTitle(query, title);
     if (rule == DuplicateRule::OncePerTitleAndSize) addSize(query, size);
     return query;

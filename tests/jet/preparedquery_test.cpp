@@ -80,6 +80,13 @@ TEST_F(PreparedQueryTest, BecomesTheSameQueryWithOtherLiterals) {
     EXPECT_EQ(answer(*query), u"a|");
 }
 
+TEST_F(PreparedQueryTest, ATextWithDoubledMarksIsNotTheLastThatReadsLikeIt) {
+    const auto query = prepare(u"SELECT Nom FROM ListDonnees WHERE Nom=\"say \"\"\"\"a\"\"\"\"\"");
+    EXPECT_EQ(answer(*query), u"");
+    EXPECT_TRUE(query->become(u"SELECT Nom FROM ListDonnees WHERE Nom=\"say \"\"a\"\"\""));
+    EXPECT_EQ(answer(*query), u"say \"a\"|");
+}
+
 TEST_F(PreparedQueryTest, NumbersKeepTheSignThatStandsBeforeThem) {
     const auto query = prepare(u"SELECT * FROM ListDonnees WHERE Taille=-0 OR Taille=0");
     EXPECT_TRUE(query->become(u"SELECT * FROM ListDonnees WHERE Taille=-1 OR Taille=1.5"));
