@@ -328,11 +328,11 @@ RowSet CachedColumn::rowsHolding(std::span<const uint8_t> wanted, const Runs& ru
     return result;
 }
 
-std::optional<size_t> CachedColumn::countEqualTo(std::u16string_view text) const {
+std::optional<size_t> CachedColumn::countEqualTo(const HashedText& wanted) const {
     const DictionaryValues* values = dictionary();
     if (!values) return std::nullopt;
     size_t count = 0;
-    for (const Code code : values->dictionary.codesEqualTo(text))
+    for (const Code code : values->dictionary.codesEqualTo(wanted))
         count += values->counts[code];
     return count;
 }
@@ -345,17 +345,17 @@ size_t CachedColumn::bytesToFind() const {
     return 0;
 }
 
-std::vector<uint32_t> CachedColumn::rowsEqualTo(std::u16string_view text) {
-    if (auto* values = std::get_if<DictionaryValues>(&values_)) return rowsOfCodes(*values, text);
+std::vector<uint32_t> CachedColumn::rowsEqualTo(const HashedText& wanted) {
+    if (auto* values = std::get_if<DictionaryValues>(&values_)) return rowsOfCodes(*values, wanted);
     auto& values = std::get<TextValues>(values_);
     values.index.update(values.texts, *limits_);
-    return values.index.rowsEqualTo(text, *folder_, values.texts);
+    return values.index.rowsEqualTo(wanted, *folder_, values.texts);
 }
 
 std::vector<uint32_t> CachedColumn::rowsOfCodes(DictionaryValues& values,
-                                                std::u16string_view text) const {
+                                                const HashedText& wanted) const {
     std::vector<uint32_t> rows;
-    const std::vector<Code> codes = values.dictionary.codesEqualTo(text);
+    const std::vector<Code> codes = values.dictionary.codesEqualTo(wanted);
     if (codes.empty()) return rows;
     if (values.codes.size() - values.grouped > kMostUngrouped || values.grouped == 0) group(values);
     for (const Code code : codes) {

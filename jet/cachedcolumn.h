@@ -76,11 +76,16 @@ class CachedColumn {
     // Of a column with a dictionary: for each code, 1 when the test is true for its text.
     std::vector<uint8_t> passingCodes(const ColumnTest& test) const;
 
-    // How many rows `column = text` may find; nothing when only looking tells.
-    std::optional<size_t> countEqualTo(std::u16string_view text) const;
+    // How many rows `column = wanted` may find; nothing when only looking tells.
+    std::optional<size_t> countEqualTo(const HashedText& wanted) const;
     // Those rows, in no particular order. Builds what it needs, and bytesToFind() tells how much
     // memory that takes.
-    std::vector<uint32_t> rowsEqualTo(std::u16string_view text);
+    std::vector<uint32_t> rowsEqualTo(const HashedText& wanted);
+    // Where that begins to look (see TextIndex); null when that is not known yet.
+    const void* firstPlace(uint64_t hash) const {
+        const TextValues* const values = texts();
+        return values ? values->index.firstPlace(hash) : nullptr;
+    }
     size_t bytesToFind() const;
 
     const NumberValues* numbers() const { return std::get_if<NumberValues>(&values_); }
@@ -102,7 +107,7 @@ class CachedColumn {
     using Runs = std::vector<TextSignature::Run>;
     static RowSet rowsHolding(std::span<const uint8_t> wanted, const Runs& runs,
                               const TextValues& values, const CacheLimits& limits);
-    std::vector<uint32_t> rowsOfCodes(DictionaryValues& values, std::u16string_view text) const;
+    std::vector<uint32_t> rowsOfCodes(DictionaryValues& values, const HashedText& wanted) const;
 
     const Column* column_;
     TextFolder* folder_;

@@ -117,6 +117,7 @@ class Binder {
             if (asNumber) typeMismatch(expression.column);
             test.kind = ColumnTest::Kind::Text;
             test.text = *text;
+            test.hash = order_.hash(test.text);
             return test;
         }
         if (!asNumber) typeMismatch(expression.column);

@@ -33,7 +33,10 @@ struct ColumnTest {
     const Column* column = nullptr;
     double number = 0;
     std::u16string text;
+    uint64_t hash = 0;  // Text: of `text`, the text order's
     std::optional<LikePattern> pattern;
+
+    HashedText hashedText() const { return {text, hash}; }
 };
 
 struct Condition {

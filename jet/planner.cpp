@@ -41,6 +41,15 @@ bool Planner::wantsColumns(const Query& query) {
     return query.where || query.distinct || !query.order.empty();
 }
 
+void Planner::fetchAhead(const Query& query, const TableCache& cache) {
+    if (!query.where) return;
+    for (const Condition& operand : conjuncts(*query.where)) {
+        const CachedColumn* const column =
+            isLookUp(operand) ? cache.loaded(*operand.test.column) : nullptr;
+        if (column) __builtin_prefetch(column->firstPlace(operand.test.hash));
+    }
+}
+
 std::vector<RowId> Planner::rows(const Query& query) {
     loadColumns(query);
     if (query.where && !query.distinct) {
@@ -105,7 +114,7 @@ const Condition* Planner::bestLookUp(const Condition& condition) {
     for (const Condition& operand : operands) {
         const CachedColumn* const column = lookUpColumn(operand);
         if (!column || !hasRoomToFind(*column)) continue;
-        const size_t count = column->countEqualTo(operand.test.text).value_or(fewest);
+        const size_t count = column->countEqualTo(operand.test.hashedText()).value_or(fewest);
         if (count >= fewest) continue;
         fewest = count;
         best = &operand;
@@ -148,7 +157,7 @@ void Planner::keepMatching(RowNumbers& rows, const Condition& condition, const C
 std::optional<Planner::RowNumbers> Planner::fewRows(const Condition& condition) {
     if (const Condition* lookUp = bestLookUp(condition)) {
         const ColumnTest& test = lookUp->test;
-        RowNumbers rows = cache_.column(*test.column)->rowsEqualTo(test.text);
+        RowNumbers rows = cache_.column(*test.column)->rowsEqualTo(test.hashedText());
         keepMatching(rows, condition, lookUp);
         return rows;
     }

@@ -20,6 +20,8 @@ class Planner {
 
     std::vector<RowId> rows(const Query& query);
 
+    // May be called some time before rows(), and makes it faster, then.
+    static void fetchAhead(const Query& query, const TableCache& cache);
     // Whether columns in memory can be of any use to the query.
     static bool wantsColumns(const Query& query);
 

@@ -101,6 +101,7 @@ void PreparedQuery::set(const Literal& literal, const Token& value) const {
             // Of a text and its type mostly the type is that of the last query.
             if (value.doubledMark == 0 && value.text == test.text) break;
             value.copyText(test.text);
+            test.hash = textOrder_.hash(test.text);
             break;
     }
 }

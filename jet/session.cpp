@@ -44,6 +44,14 @@ TableCache* Session::knownCache(const Table& table) {
     return nullptr;
 }
 
+const PreparedQuery* Session::knownQuery(std::u16string_view sql) {
+    store();
+    const PreparedQuery* const prepared = queries_.known(sql);
+    const TableCache* const cache = prepared ? knownCache(prepared->table()) : nullptr;
+    if (cache) Planner::fetchAhead(prepared->query(), *cache);
+    return prepared;
+}
+
 std::vector<RowId> Session::rows(const Query& query, const Table& table) {
     awaitReadAhead();
     return answer(query, table);

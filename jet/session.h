@@ -35,10 +35,7 @@ class Session {
 
     // The query `sql`, ready to be answered, until the next call of either; null when it is like
     // none of the last ones. InvalidOperation once closed.
-    const PreparedQuery* knownQuery(std::u16string_view sql) {
-        store();
-        return queries_.known(sql);
-    }
+    const PreparedQuery* knownQuery(std::u16string_view sql);
     // The same, whatever it is like. Errors as for PreparedQuery.
     const PreparedQuery& prepare(std::u16string_view sql) {
         return queries_.prepare(sql, store(), *textOrder_);

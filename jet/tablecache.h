@@ -35,6 +35,10 @@ class TableCache {
         const bool ready = place.column && place.column->count() == ids_.size();
         return ready ? place.column.get() : broughtUpToDate(column);
     }
+    // The column as far as it is loaded, maybe without the last rows; null when it is not.
+    const CachedColumn* loaded(const Column& column) const {
+        return slots_[place(column)].column.get();
+    }
     // Loads those of the columns that are not there yet, in one walk: faster than one by one.
     void load(std::span<const Column* const> columns);
     // Whether column() would have to load it first.

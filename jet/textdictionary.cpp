@@ -32,11 +32,11 @@ std::optional<TextDictionary::Code> TextDictionary::add(std::span<const uint8_t>
     return code;
 }
 
-std::vector<TextDictionary::Code> TextDictionary::codesEqualTo(std::u16string_view text) const {
+std::vector<TextDictionary::Code> TextDictionary::codesEqualTo(const HashedText& wanted) const {
     std::vector<Code> equal;
-    const auto [first, last] = codes_.equal_range(order_->hash(text));
+    const auto [first, last] = codes_.equal_range(wanted.hash);
     for (auto code = first; code != last; ++code)
-        if (order_->equal(entries_[code->second].text, text)) equal.push_back(code->second);
+        if (order_->equal(entries_[code->second].text, wanted.text)) equal.push_back(code->second);
     return equal;
 }
 

@@ -32,9 +32,9 @@ class TextDictionary {
     std::u16string_view text(Code code) const { return entries_[code].text; }
     std::span<const uint8_t> folded(Code code) const { return entries_[code].folded; }
 
-    // The codes of the texts that the order holds equal to `text`: mostly one, but "Rock 1" and
+    // The codes of the texts that the order holds equal to `wanted`: mostly one, but "Rock 1" and
     // "Rock 1 " have two.
-    std::vector<Code> codesEqualTo(std::u16string_view text) const;
+    std::vector<Code> codesEqualTo(const HashedText& wanted) const;
 
     // For each code, its place among the texts in the text order, Null first; the same for equal
     // texts.

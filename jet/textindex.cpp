@@ -22,14 +22,10 @@ bool sameBytes(std::span<const uint8_t> a, std::span<const uint8_t> b) {
     return a.size() == b.size() && (a.empty() || std::memcmp(a.data(), b.data(), a.size()) == 0);
 }
 
-uint32_t tagOf(uint64_t hash) {
-    return static_cast<uint32_t>(hash >> 32);
-}
-
 }  // namespace
 
 size_t TextIndex::bytesFor(size_t rows) {
-    return slotsFor(rows) * sizeof(Slot) + rows * sizeof(uint32_t);
+    return (slotsFor(rows) + rows) * sizeof(uint32_t);
 }
 
 void TextIndex::update(const FoldedTexts& texts, const CacheLimits& limits) {
@@ -47,7 +43,7 @@ void TextIndex::update(const FoldedTexts& texts, const CacheLimits& limits) {
 // Each part of the slots is filled by one processor. Equal texts begin at the same slot, so all of
 // them find their place in that part or none does; these come last, so that each chain is in order.
 void TextIndex::grow(const FoldedTexts& texts, const CacheLimits& limits) {
-    slots_.assign(slotsFor(texts.count()), Slot{});
+    slots_.assign(slotsFor(texts.count()), kNone);
     std::vector<uint64_t> hashes(texts.count());
     const size_t parts = limits.partsFor(texts.count());
     inParts(texts.count(), parts, [&](size_t, size_t first, size_t last) {
@@ -101,13 +97,15 @@ void TextIndex::insert(uint32_t row, uint64_t hash, const FoldedTexts& texts) {
 bool TextIndex::insertFrom(size_t slot, size_t lastSlot, uint32_t row, uint64_t hash,
                            const FoldedTexts& texts, Scratch& scratch) {
     if (texts.isNull(row)) return true;
+    const uint32_t tag = tagOf(hash);
     for (; slot < lastSlot; ++slot) {
-        Slot& place = slots_[slot];
-        const bool isFree = place.row == kNone;
-        if (!isFree && (place.tag != tagOf(hash) || !sameTexts(row, place.row, texts, scratch)))
-            continue;
-        next_[row] = place.row;
-        place = {row, tagOf(hash)};
+        uint32_t& place = slots_[slot];
+        if (place != kNone) {
+            const uint32_t other = place & rowMask();
+            if (!hasTag(place, tag) || !sameTexts(row, other, texts, scratch)) continue;
+            next_[row] = other;
+        }
+        place = tag | row;
         return true;
     }
     return false;
@@ -121,24 +119,24 @@ bool TextIndex::sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts,
     return order_->equal(scratch.left, scratch.right);
 }
 
-std::vector<uint32_t> TextIndex::rowsEqualTo(std::u16string_view text, const TextFolder& folder,
+std::vector<uint32_t> TextIndex::rowsEqualTo(const HashedText& wanted, const TextFolder& folder,
                                              const FoldedTexts& texts) {
     std::vector<uint32_t> rows;
     if (slots_.empty()) return rows;
-    const uint64_t hash = order_->hash(text);
     const size_t mask = slots_.size() - 1;
-    for (size_t slot = hash & mask; slots_[slot].row != kNone; slot = (slot + 1) & mask) {
-        if (slots_[slot].tag != tagOf(hash)) continue;
+    for (size_t slot = wanted.hash & mask; slots_[slot] != kNone; slot = (slot + 1) & mask) {
+        if (!hasTag(slots_[slot], tagOf(wanted.hash))) continue;
+        const uint32_t last = slots_[slot] & rowMask();
         // What lies anywhere in memory is on its way before it is needed.
-        __builtin_prefetch(&next_[slots_[slot].row]);
+        __builtin_prefetch(&next_[last]);
         folded_.clear();
-        folder.fold(text, folded_);
-        const std::span<const uint8_t> found = texts.text(slots_[slot].row);
+        folder.fold(wanted.text, folded_);
+        const std::span<const uint8_t> found = texts.text(last);
         if (!sameBytes(found, folded_)) {
             TextFolder::decode(found, scratch_.right);
-            if (!order_->equal(text, scratch_.right)) continue;
+            if (!order_->equal(wanted.text, scratch_.right)) continue;
         }
-        for (uint32_t row = slots_[slot].row; row != kNone; row = next_[row])
+        for (uint32_t row = last; row != kNone; row = next_[row])
             rows.push_back(row);
         return rows;
     }

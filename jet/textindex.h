@@ -22,24 +22,23 @@ class TextIndex {
     // processors share the work where `limits` let them.
     void update(const FoldedTexts& texts, const CacheLimits& limits);
 
-    // The rows that it knows whose text equals `text`, in descending order. `folder` is the one of
-    // the texts.
-    std::vector<uint32_t> rowsEqualTo(std::u16string_view text, const TextFolder& folder,
+    // Where a search for a text of this hash begins; null for one in an empty index. It is
+    // somewhere in memory: who has it fetched some time before the search makes that faster.
+    const void* firstPlace(uint64_t hash) const {
+        return slots_.empty() ? nullptr : &slots_[hash & rowMask()];
+    }
+    // The rows that it knows whose text equals `wanted`, in descending order. `folder` is the one
+    // of the texts.
+    std::vector<uint32_t> rowsEqualTo(const HashedText& wanted, const TextFolder& folder,
                                       const FoldedTexts& texts);
 
-    size_t bytes() const {
-        return slots_.capacity() * sizeof(Slot) + next_.capacity() * sizeof(uint32_t);
-    }
+    size_t bytes() const { return (slots_.capacity() + next_.capacity()) * sizeof(uint32_t); }
     // What it takes for that many rows.
     static size_t bytesFor(size_t rows);
 
   private:
     static constexpr uint32_t kNone = UINT32_MAX;
 
-    struct Slot {
-        uint32_t row = kNone;  // the last of a chain of equal texts
-        uint32_t tag = 0;      // of their hash; spares looking at most of the texts that differ
-    };
     // Room for two texts that are compared.
     struct Scratch {
         std::u16string left;
@@ -54,8 +53,16 @@ class TextIndex {
                     const FoldedTexts& texts, Scratch& scratch);
     bool sameTexts(uint32_t a, uint32_t b, const FoldedTexts& texts, Scratch& scratch) const;
 
+    // Rows are fewer than slots, so as many bits as tell the slots apart hold a row.
+    uint32_t rowMask() const { return static_cast<uint32_t>(slots_.size() - 1); }
+    uint32_t tagOf(uint64_t hash) const { return static_cast<uint32_t>(hash >> 32) & ~rowMask(); }
+    bool hasTag(uint32_t slot, uint32_t tag) const { return ((slot ^ tag) & ~rowMask()) == 0; }
+
     const TextOrder* order_;
-    std::vector<Slot> slots_;
+    // The last row of a chain of equal texts, or kNone; in the bits above it those of their hash,
+    // which spare looking at most of the texts that differ. No more, for each search begins
+    // anywhere among them, and the less memory that is, the sooner it is there.
+    std::vector<uint32_t> slots_;
     std::vector<uint32_t> next_;  // by row: the one before it in its chain, or kNone
     Scratch scratch_;
     std::vector<uint8_t> folded_;  // room for the text that is looked for

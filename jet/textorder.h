@@ -28,6 +28,12 @@ struct CharacterWeight {
     bool operator==(const CharacterWeight&) const = default;
 };
 
+// A text and the order's hash of it, worked out once for all that look for the text.
+struct HashedText {
+    std::u16string_view text;
+    uint64_t hash = 0;
+};
+
 class TextOrder {
   public:
     static const TextOrder& general4();
@@ -47,6 +53,7 @@ class TextOrder {
 
     // Equal for equal texts.
     uint64_t hash(std::u16string_view text) const;
+    HashedText hashed(std::u16string_view text) const { return {text, hash(text)}; }
     // The same for a text whose characters come one by one: next(character) gives them, and false
     // behind the last that is no space.
     template <typename Next>

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "base/number.h"
+#include "base/text.h"
 #include "tests/jet/catalogfixture.h"
 
 namespace jet {
@@ -93,6 +95,27 @@ TEST_F(DatabaseTest, TransactionsDoNotNest) {
 
 constexpr std::u16string_view kByTitle =
     u"SELECT * FROM ListDonnees WHERE (Type=\"MP3\") and Nom=\"b\"";
+
+// Few titles that repeat, and so many that they are kept in another way.
+TEST_F(DatabaseTest, LooksUpOneTitleAfterTheOther) {
+    for (const size_t titles : {size_t{3}, size_t{2000}}) {
+        std::vector<Track> tracks;
+        for (size_t i = 0; i < titles; ++i)
+            tracks.push_back({.nom = base::wholeNumber(static_cast<int64_t>(i)),
+                              .type = i % 2 == 0 ? u"MP3" : u"MID"});
+        addAll(tracks);
+        for (size_t i = 0; i < tracks.size(); ++i) {
+            for (const std::u16string_view type : {u"MP3", u"MID"}) {
+                const auto query = u"SELECT * FROM ListDonnees WHERE (Type=" + base::quoted(type) +
+                                   u") and Nom=" + base::quoted(tracks[i].nom);
+                const auto known = database_->OpenRecordset(query);
+                ASSERT_EQ(known->Eof(), type != tracks[i].type) << i;
+                if (known->Eof()) continue;
+                ASSERT_EQ(known->Fields(u"Nom").Text(), tracks[i].nom);
+            }
+        }
+    }
+}
 
 TEST_F(DatabaseTest, WhatIsReadAheadNeedsTheFileNoMore) {
     addAll({{u"a"}, {u"b"}, {u"c"}, {u"b", u"MID"}});

@@ -165,10 +165,13 @@ TEST_F(TableCacheTest, JoinsThePartsOfItsColumns) {
         for (size_t row = 0; row + 1 < joined.count(); ++row)
             ASSERT_EQ(joined.compare(row, row + 1), whole.compare(row, row + 1)) << row;
     }
-    EXPECT_EQ(parts.column(column(u"Type"))->countEqualTo(u"mp3"), 1500u);
-    EXPECT_EQ(parts.column(column(u"Nom"))->rowsEqualTo(u"TITLE 1499"),
-              (std::vector<uint32_t>{1499}));
-    EXPECT_EQ(parts.column(column(u"Nom"))->rowsEqualTo(u"last"), (std::vector<uint32_t>{1500}));
+    EXPECT_EQ(parts.column(column(u"Type"))->countEqualTo(TextOrder::general4().hashed(u"mp3")),
+              1500u);
+    EXPECT_EQ(
+        parts.column(column(u"Nom"))->rowsEqualTo(TextOrder::general4().hashed(u"TITLE 1499")),
+        (std::vector<uint32_t>{1499}));
+    EXPECT_EQ(parts.column(column(u"Nom"))->rowsEqualTo(TextOrder::general4().hashed(u"last")),
+              (std::vector<uint32_t>{1500}));
 }
 
 // 900 texts for two rows each. Each part finds room for its own in a dictionary, but not for those

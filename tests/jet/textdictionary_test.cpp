@@ -21,7 +21,7 @@ class TextDictionaryTest : public testing::Test {
         return dictionary_.add(folded);
     }
     std::vector<Code> codesEqualTo(std::u16string_view text) const {
-        std::vector<Code> codes = dictionary_.codesEqualTo(text);
+        std::vector<Code> codes = dictionary_.codesEqualTo(TextOrder::general4().hashed(text));
         std::ranges::sort(codes);
         return codes;
     }

@@ -18,7 +18,7 @@ class TextIndexTest : public testing::Test {
     }
     std::vector<uint32_t> rows(std::u16string_view text) {
         index_.update(texts_, limits_);
-        return index_.rowsEqualTo(text, folder_, texts_);
+        return index_.rowsEqualTo(TextOrder::general4().hashed(text), folder_, texts_);
     }
     static std::u16string numbered(int number) {
         const std::string digits = std::to_string(number);
@@ -62,6 +62,17 @@ TEST_F(TextIndexTest, GrowsWithItsTexts) {
         ASSERT_EQ(rows(numbered(i)).size(), i < 1000 ? 3u : 2u) << i;
     EXPECT_EQ(rows(numbered(3)), (std::vector<uint32_t>{4003, 2003, 3}));
     EXPECT_LE(index_.bytes(), 2 * TextIndex::bytesFor(5000));
+}
+
+// The more rows, the fewer bits of a hash are kept, so that some texts look like others.
+TEST_F(TextIndexTest, TellsManyTextsApart) {
+    constexpr int kTexts = 200'000;
+    for (int i = 0; i < kTexts; ++i)
+        add(numbered(2 * i));
+    for (int i = 0; i < kTexts; ++i) {
+        ASSERT_EQ(rows(numbered(2 * i)), std::vector<uint32_t>{static_cast<uint32_t>(i)});
+        ASSERT_EQ(rows(numbered(2 * i + 1)), std::vector<uint32_t>());
+    }
 }
 
 TEST_F(TextIndexTest, IsTheSameWhoeverFillsIt) {
