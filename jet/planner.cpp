@@ -313,11 +313,16 @@ std::vector<RowId> Planner::ordered(const Query& query, const RowSet& rows) {
         return ordered(query, std::move(numbers));
     }
     if (count == rows.limit()) return identities(ranking->rows());
-    std::vector<RowId> found;
-    found.reserve(count);
-    for (const uint32_t row : ranking->rows())
-        if (rows.contains(row)) found.push_back(cache_.ids()[row]);
-    return found;
+    // A row that is left out is written all the same, and the next one over it: faster than a
+    // branch that nobody can foresee.
+    RowNumbers found(count + 1);
+    size_t place = 0;
+    for (const uint32_t row : ranking->rows()) {
+        found[place] = row;
+        place += rows.contains(row) ? 1 : 0;
+    }
+    found.pop_back();
+    return identities(found);
 }
 
 }  // namespace jet
