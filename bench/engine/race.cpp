@@ -161,12 +161,22 @@ void Race::raceListings() {
     raceListing("all CDs by path", {.order = Order::Path}, &Collection::listing);
     raceListing("all CDs by size", {.order = Order::Size}, &Collection::listing);
     raceListing("one CD by name", {.cd = cdName(cds_ / 2)}, &Collection::listingOfCd);
+    raceListing("one CD by path", {.cd = cdName(cds_ / 2), .order = Order::Path},
+                &Collection::listingOfCd);
+    raceListing("one CD by size", {.cd = cdName(cds_ / 2), .order = Order::Size},
+                &Collection::listingOfCd);
 }
 
 void Race::raceSearches() {
     raceFirstListing("search for a frequent word, first", {.search = "amour"},
                      &Collection::firstSearch);
     raceListing("search for a frequent word", {.search = "amour"}, &Collection::search);
+    raceListing("search for a frequent word, by path", {.search = "amour", .order = Order::Path},
+                &Collection::search);
+    raceListing("search for a frequent word, by size", {.search = "amour", .order = Order::Size},
+                &Collection::search);
+    raceListing("search for a frequent word on one CD", {.cd = cdName(cds_ / 2), .search = "amour"},
+                &Collection::listingOfCd);
     raceListing("search for a rare text", {.search = "volzipri"}, &Collection::search);
     raceListing("search for two letters", {.search = "zi"}, &Collection::search);
     raceListing("search for what is nowhere", {.search = "xqxq"}, &Collection::search);
