@@ -41,6 +41,8 @@ bool Planner::wantsColumns(const Query& query) {
     return query.where || query.distinct || !query.order.empty();
 }
 
+// The column tells the place, and only here is it fetched: a compiler takes a function that does
+// nothing else for one without effect, and drops calls of it.
 void Planner::fetchAhead(const Query& query, const TableCache& cache) {
     if (!query.where) return;
     for (const Condition& operand : conjuncts(*query.where)) {

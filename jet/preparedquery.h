@@ -50,7 +50,7 @@ class PreparedQuery {
     Query query_;
     bool linked_ = false;            // literals_ know their tests
     std::vector<Literal> literals_;  // in the order of sql_
-    std::vector<Token> values_;      // room for those of the next
+    std::vector<Token> values_;      // room for those of the next, good while it is read
 };
 
 // The queries asked for last, each for all that become it.
