@@ -9,7 +9,7 @@
 namespace jet {
 namespace {
 
-unsigned encode(char16_t character, uint8_t* bytes) {
+unsigned encodeOne(char16_t character, uint8_t* bytes) {
     const unsigned code = character;
     if (code < 0x80) {
         bytes[0] = static_cast<uint8_t>(code);
@@ -26,6 +26,16 @@ unsigned encode(char16_t character, uint8_t* bytes) {
     return 3;
 }
 
+// So many characters are folded at once where they are ASCII.
+constexpr size_t kAsciiStep = 8;
+
+bool startsWithAscii(const uint8_t* bytes) {
+    constexpr uint64_t kHighBits = 0x8080808080808080;
+    uint64_t step = 0;
+    std::memcpy(&step, bytes, sizeof step);
+    return (step & kHighBits) == 0;
+}
+
 // Doubling, as a vector does by itself, would waste too much here.
 template <typename Item>
 void growFor(std::vector<Item>& items, size_t more) {
@@ -38,10 +48,10 @@ void growFor(std::vector<Item>& items, size_t more) {
 TextFolder::TextFolder(const TextOrder& order) : order_(&order), latin1_(), codePage_() {
     for (unsigned byte = 0; byte < 256; ++byte) {
         const char16_t latin1 = order.fold(static_cast<char16_t>(byte));
-        latin1_[byte].length = encode(latin1, latin1_[byte].bytes);
+        latin1_[byte].length = encodeOne(latin1, latin1_[byte].bytes);
         const auto code = static_cast<uint8_t>(byte);
         const char16_t other = order.fold(base::CodePage::windows1252().decode(code));
-        codePage_[byte].length = encode(other, codePage_[byte].bytes);
+        codePage_[byte].length = encodeOne(other, codePage_[byte].bytes);
     }
 }
 
@@ -62,8 +72,18 @@ void TextFolder::foldBytes(const RawText& text, const std::array<ByteForm, 256>&
     const size_t start = out.size();
     out.resize(start + 3 * text.length + 1);
     uint8_t* at = out.data() + start;
-    for (size_t i = 0; i < text.length; ++i) {
-        const ByteForm& form = forms[text.bytes[i]];
+    const uint8_t* from = text.bytes;
+    const uint8_t* const end = from + text.length;
+    while (from != end) {
+        if (static_cast<size_t>(end - from) >= kAsciiStep && startsWithAscii(from)) {
+            // The forms of ASCII are single bytes, in every order.
+            for (size_t i = 0; i < kAsciiStep; ++i)
+                at[i] = forms[from[i]].bytes[0];
+            from += kAsciiStep;
+            at += kAsciiStep;
+            continue;
+        }
+        const ByteForm& form = forms[*from++];
         std::memcpy(at, form.bytes, sizeof form.bytes);
         at += form.length;
     }
@@ -76,7 +96,7 @@ void TextFolder::fold(std::u16string_view text, std::vector<uint8_t>& out) const
     uint8_t* at = out.data() + start;
     for (const char16_t character : text) {
         if (character >= latin1_.size()) {
-            at += encode(order_->fold(character), at);
+            at += encodeOne(order_->fold(character), at);
             continue;
         }
         const ByteForm& form = latin1_[character];
@@ -84,6 +104,15 @@ void TextFolder::fold(std::u16string_view text, std::vector<uint8_t>& out) const
         at += form.length;
     }
     out.resize(static_cast<size_t>(at - out.data()));
+}
+
+std::vector<uint8_t> TextFolder::encode(std::u16string_view folded) {
+    std::vector<uint8_t> bytes(3 * folded.size());
+    size_t length = 0;
+    for (const char16_t character : folded)
+        length += encodeOne(character, bytes.data() + length);
+    bytes.resize(length);
+    return bytes;
 }
 
 uint64_t TextFolder::hash(const TextOrder& order, std::span<const uint8_t> folded) {

@@ -28,6 +28,8 @@ class TextFolder {
     void fold(const RawText& text, std::vector<uint8_t>& out);
     void fold(std::u16string_view text, std::vector<uint8_t>& out) const;
 
+    // That form of a text whose characters are folded already.
+    static std::vector<uint8_t> encode(std::u16string_view folded);
     // The character that begins at folded[at]; moves `at` past it.
     static char16_t decodeOne(std::span<const uint8_t> folded, size_t& at) {
         const unsigned lead = folded[at++];
@@ -36,6 +38,12 @@ class TextFolder {
         if (lead < 0xE0) return static_cast<char16_t>((lead & 0x1F) << 6 | second);
         const unsigned third = folded[at++] & 0x3Fu;
         return static_cast<char16_t>((lead & 0xF) << 12 | second << 6 | third);
+    }
+    // The bytes of those characters that end within the first `length` bytes.
+    static size_t wholeCharacters(std::span<const uint8_t> folded, size_t length) {
+        while (length > 0 && length < folded.size() && (folded[length] & 0xC0) == 0x80)
+            --length;
+        return length;
     }
     // The text order's hash of a folded text.
     static uint64_t hash(const TextOrder& order, std::span<const uint8_t> folded);

@@ -72,7 +72,7 @@ std::vector<RowId> Planner::rows(const Query& query) {
         std::ranges::sort(ids);
         keepDistinct(ids, query, table_, textOrder_);
     }
-    sortRows(ids, query, table_, textOrder_);
+    sortRows(ids, query.order, table_, textOrder_);
     return ids;
 }
 
@@ -300,7 +300,7 @@ std::vector<RowId> Planner::ordered(const Query& query, RowNumbers rows) {
     }
     std::vector<RowId> found = identities(rows);
     std::ranges::sort(found);
-    sortRows(found, query, table_, textOrder_);
+    sortRows(found, query.order, table_, textOrder_);
     return found;
 }
 

@@ -12,40 +12,6 @@ namespace {
 using base::Error;
 using base::ErrorNumber;
 
-// A row on its way through a sort: most comparisons end at the prefix of its first column.
-struct SortEntry {
-    uint64_t prefix;
-    RowId row;
-};
-
-class RowOrder {
-  public:
-    RowOrder(const Query& query, const Table& table, const TextOrder& textOrder)
-        : query_(query), table_(table), reader_(table, textOrder) {}
-
-    uint64_t prefix(RowView row) {
-        const SortColumn& first = query_.order.front();
-        const uint64_t prefix = reader_.sortPrefix(row, *first.column);
-        return first.descending ? ~prefix : prefix;
-    }
-
-    bool before(const SortEntry& a, const SortEntry& b) {
-        if (a.prefix != b.prefix) return a.prefix < b.prefix;
-        const RowView left = table_.row(a.row);
-        const RowView right = table_.row(b.row);
-        for (const SortColumn& sort : query_.order) {
-            const int difference = reader_.compare(left, right, *sort.column);
-            if (difference != 0) return (difference < 0) != sort.descending;
-        }
-        return false;
-    }
-
-  private:
-    const Query& query_;
-    const Table& table_;
-    ColumnReader reader_;
-};
-
 void addTested(const Condition& condition, Query::Columns& tested) {
     if (condition.kind == Condition::Kind::Test) {
         const Column* const column = condition.test.column;
@@ -132,7 +98,7 @@ std::vector<RowId> rowsFromPages(const Query& query, const Table& table,
         if (!query.where || tester.matches(row, *query.where)) rows.push_back(id);
     });
     if (query.distinct) keepDistinct(rows, query, table, textOrder);
-    sortRows(rows, query, table, textOrder);
+    sortRows(rows, query.order, table, textOrder);
     return rows;
 }
 
@@ -148,19 +114,6 @@ void keepDistinct(std::vector<RowId>& rows, const Query& query, const Table& tab
             reader.appendKey(row, *column, key);
         return !seen.emplace(key.begin(), key.end()).second;
     });
-}
-
-void sortRows(std::vector<RowId>& rows, const Query& query, const Table& table,
-              const TextOrder& textOrder) {
-    if (query.order.empty()) return;
-    RowOrder order(query, table, textOrder);
-    std::vector<SortEntry> entries;
-    entries.reserve(rows.size());
-    for (const RowId row : rows)
-        entries.push_back({order.prefix(table.row(row)), row});
-    std::ranges::stable_sort(
-        entries, [&order](const SortEntry& a, const SortEntry& b) { return order.before(a, b); });
-    std::ranges::transform(entries, rows.begin(), &SortEntry::row);
 }
 
 }  // namespace jet

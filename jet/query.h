@@ -9,15 +9,11 @@
 
 #include "jet/columnreader.h"
 #include "jet/condition.h"
+#include "jet/rowsort.h"
 #include "jet/sqlast.h"
 #include "jet/table.h"
 
 namespace jet {
-
-struct SortColumn {
-    const Column* column = nullptr;
-    bool descending = false;
-};
 
 struct Query {
     using Columns = std::vector<const Column*>;
@@ -53,10 +49,9 @@ class RowTester {
 std::vector<RowId> rowsFromPages(const Query& query, const Table& table,
                                  const TextOrder& textOrder);
 
-// The pieces of it, for other ways to find the rows. Both keep the order of what they are given.
+// The piece of it that leaves the first row of each group of equal ones, for other ways to find the
+// rows; keeps their order.
 void keepDistinct(std::vector<RowId>& rows, const Query& query, const Table& table,
                   const TextOrder& textOrder);
-void sortRows(std::vector<RowId>& rows, const Query& query, const Table& table,
-              const TextOrder& textOrder);
 
 }  // namespace jet

@@ -39,6 +39,7 @@ class TextSorter {
   private:
     // Reads the next prefix of each text and sorts by it. False when all texts had ended before.
     bool advance(std::span<Entry> group) {
+        passCommonStart(group);
         bool differ = false;
         bool allEnded = true;
         for (Entry& entry : group) {
@@ -48,6 +49,29 @@ class TextSorter {
         }
         if (differ) std::ranges::sort(group, {}, &Entry::prefix);
         return !allEnded;
+    }
+
+    // Passes what all texts have next: the paths of a folder agree in most of their characters.
+    void passCommonStart(std::span<Entry> group) const {
+        if (group.size() < 2) return;
+        const Entry& first = group.front();
+        std::span<const uint8_t> common = rest(first);
+        for (const Entry& entry : group.subspan(1)) {
+            if (entry.skip != first.skip) return;
+            const auto end = std::ranges::mismatch(common, rest(entry)).in1;
+            common = common.first(static_cast<size_t>(end - common.begin()));
+            if (common.empty()) return;
+        }
+        const size_t length = TextFolder::wholeCharacters(rest(first), common.size());
+        if (length == 0) return;
+        for (Entry& entry : group) {
+            entry.at += static_cast<uint32_t>(length);
+            entry.skip = 0;
+        }
+    }
+
+    std::span<const uint8_t> rest(const Entry& entry) const {
+        return texts_.text(entry.row).subspan(entry.at);
     }
 
     static void splitInto(std::vector<std::span<Entry>>& groups, std::span<Entry> group) {

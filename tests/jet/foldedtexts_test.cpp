@@ -44,6 +44,32 @@ TEST(FoldedTexts, EveryCodingFoldsAlike) {
     EXPECT_EQ(fold("", TextCoding::Compressed), Folded());
 }
 
+// Bytes are folded many at once; whatever stands where, that must not show.
+TEST(FoldedTexts, BytesFoldAlikeWhereverTheyStand) {
+    for (const TextOrder* order : {&TextOrder::general4(), &TextOrder::general3()}) {
+        for (unsigned byte = 1; byte < 256; ++byte) {
+            for (size_t before = 0; before < 10; ++before) {
+                const size_t after = 19 - before;
+                const std::string bytes =
+                    std::string(before, 'B') + static_cast<char>(byte) + std::string(after, 'z');
+                std::u16string text(before, u'B');
+                text += static_cast<char16_t>(byte);
+                text.append(after, u'z');
+                ASSERT_EQ(fold(bytes, TextCoding::Compressed, *order), fold(text, *order)) << byte;
+            }
+        }
+    }
+}
+
+TEST(FoldedTexts, FoldedCharactersNeedOnlyTheirForm) {
+    for (const std::u16string_view text :
+         {u"", u"l'\u00C9t\u00E9 n\u00B0 1", u"\u0416\u4E00\uFFFF"}) {
+        std::u16string folded;
+        TextFolder::decode(fold(text), folded);
+        EXPECT_EQ(TextFolder::encode(folded), fold(text));
+    }
+}
+
 TEST(FoldedTexts, FoldingKeepsTheOrder) {
     for (const TextOrder* order : {&TextOrder::general4(), &TextOrder::general3()}) {
         for (const std::u16string_view text : {u"L'\u00C9T\u00C9 -\u2013 1\u00B9\u00BD\u20AC",

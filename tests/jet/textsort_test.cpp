@@ -68,6 +68,15 @@ TEST_P(TextSortTest, SortsTextsThatAgreeForLong) {
     check();
 }
 
+// A letter that stands for two may begin on one side of the eighth byte and end on the other.
+TEST_P(TextSortTest, SortsLettersThatStandForTwo) {
+    for (size_t before = 0; before < 9; ++before) {
+        add(std::u16string(before, u'x') + u"\u00E6a");
+        add(std::u16string(before, u'x') + u"a\u00E6b");
+    }
+    check();
+}
+
 TEST_P(TextSortTest, SortsAnyTexts) {
     const std::u16string alphabet =
         u"aAbB \t\u00E9\u00E6\u00DF-'1\u00BD^\u0153\u2013\u0416\u0436\u4E00\u4E01\u0001\uFFFD";
