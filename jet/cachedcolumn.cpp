@@ -30,9 +30,12 @@ size_t rowsOf(const std::vector<TextSignature::Run>& runs) {
     return rows;
 }
 
+bool comparesContained(const ColumnTest& test) {
+    return test.kind == ColumnTest::Kind::Like && !test.pattern->containedBytes().empty();
+}
+
 bool asksForContained(const ColumnTest& test) {
-    return test.kind == ColumnTest::Kind::Like && !test.negated && test.pattern->containedText() &&
-           !test.pattern->containedText()->empty();
+    return comparesContained(test) && !test.negated;
 }
 
 int sign(double a, double b) {
@@ -237,6 +240,10 @@ bool CachedColumn::passes(const ColumnTest& test, size_t row) const {
     }
     const FoldedTexts& folded = texts()->texts;
     if (folded.isNull(row)) return passesNull(test);
+    if (comparesContained(test)) {
+        const size_t place = findBytes(folded.text(row), test.pattern->containedBytes());
+        return (place != kNotFound) != test.negated;
+    }
     TextFolder::decode(folded.text(row), text_);
     return passesText(test, text_, order());
 }
@@ -263,12 +270,6 @@ RowSet CachedColumn::filterByCode(const DictionaryValues& values, const ColumnTe
     return rows.where([&](size_t row) { return passing[values.codes[row]]; });
 }
 
-std::vector<uint8_t> CachedColumn::folded(std::u16string_view text) {
-    std::vector<uint8_t> bytes;
-    folder_->fold(text, bytes);
-    return bytes;
-}
-
 void CachedColumn::bringSignatureUpToDate(TextValues& values, size_t room) const {
     if (TextSignature::bytesFor(values.texts.count()) <= room + values.signature.bytes())
         values.signature.update(values.texts, *limits_);
@@ -278,7 +279,7 @@ std::optional<std::vector<uint32_t>> CachedColumn::fewRowsPassing(const ColumnTe
                                                                   size_t room) {
     auto* values = std::get_if<TextValues>(&values_);
     if (!values || values->signature.bytes() == 0 || !asksForContained(test)) return std::nullopt;
-    const std::vector<uint8_t> wanted = folded(*test.pattern->containedText());
+    const std::span<const uint8_t> wanted = test.pattern->containedBytes();
     bringSignatureUpToDate(*values, room);
     const Runs runs = values->signature.candidates(wanted, values->texts.count());
     if (rowsOf(runs) > values->texts.count() / kWorthListing) return std::nullopt;
@@ -295,7 +296,7 @@ RowSet CachedColumn::filterTexts(TextValues& values, const ColumnTest& test, con
                                  size_t room) {
     if (!asksForContained(test))
         return rows.whereEach([&](size_t row) { return passes(test, row); });
-    const std::vector<uint8_t> wanted = folded(*test.pattern->containedText());
+    const std::span<const uint8_t> wanted = test.pattern->containedBytes();
     const size_t few = rows.limit() / kSparse;
     // A few rows are not worth a signature, but one that is there may spare even those.
     const bool isSigned = values.signature.bytes() != 0;

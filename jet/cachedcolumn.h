@@ -102,7 +102,6 @@ class CachedColumn {
     RowSet filterByCode(const DictionaryValues& values, const ColumnTest& test,
                         const RowSet& rows) const;
     RowSet filterTexts(TextValues& values, const ColumnTest& test, const RowSet& rows, size_t room);
-    std::vector<uint8_t> folded(std::u16string_view text);
     void bringSignatureUpToDate(TextValues& values, size_t room) const;
     using Runs = std::vector<TextSignature::Run>;
     static RowSet rowsHolding(std::span<const uint8_t> wanted, const Runs& runs,

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "jet/foldedtexts.h"
+
 namespace jet {
 
 LikePattern::LikePattern(std::u16string_view pattern, const TextOrder& order) : order_(&order) {
@@ -71,6 +73,7 @@ void LikePattern::findContainedText() {
         if (elements_[i].kind != Kind::Character) return;
         text.push_back(elements_[i].character);
     }
+    containedBytes_ = TextFolder::encode(text);
     contained_ = std::move(text);
 }
 

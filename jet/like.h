@@ -5,7 +5,9 @@
 // extend, as in the text order: case ignored, accents apart.
 #pragma once
 
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,6 +27,8 @@ class LikePattern {
     // For a pattern of the form *text* without further wildcards: that text, folded character by
     // character. It may be empty ("*" matches every text).
     const std::optional<std::u16string>& containedText() const { return contained_; }
+    // The same text as FoldedTexts would hold it; empty when there is none.
+    std::span<const uint8_t> containedBytes() const { return containedBytes_; }
 
   private:
     enum class Kind : uint8_t { Character, AnyCharacter, Digit, List, AnyText };
@@ -52,6 +56,7 @@ class LikePattern {
     std::vector<Element> elements_;
     std::vector<Range> ranges_;
     std::optional<std::u16string> contained_;
+    std::vector<uint8_t> containedBytes_;
 };
 
 }  // namespace jet

@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
+#include <vector>
+
+#include "jet/foldedtexts.h"
 
 namespace jet {
 namespace {
@@ -140,6 +144,14 @@ TEST(Like, OnlyTextBetweenStarsCountsAsContained) {
     EXPECT_EQ(contained(u"*a?c*"), std::nullopt);
     EXPECT_EQ(contained(u"*a*c*"), std::nullopt);
     EXPECT_EQ(contained(u"abc"), std::nullopt);
+}
+
+TEST(Like, TheContainedTextHasTheFormOfFoldedTexts) {
+    std::vector<uint8_t> folded;
+    TextFolder(TextOrder::general4()).fold(u"L'\u00C9t\u00E9 \u4E00", folded);
+    const LikePattern pattern(u"*l'\u00E9T\u00C9 \u4E00*", TextOrder::general4());
+    EXPECT_TRUE(std::ranges::equal(pattern.containedBytes(), folded));
+    EXPECT_TRUE(LikePattern(u"a*", TextOrder::general4()).containedBytes().empty());
 }
 
 TEST(Like, ManyStarsStayFast) {

@@ -172,6 +172,10 @@ TEST_P(PlannerTest, FindsWhatIsRareAmongManyRows) {
         u"Nom LIKE \"*rarissime*\" and not (Fichier LIKE \"*Artiste 1*\")",
         u"Nom LIKE \"*rarissime*\" or Nom LIKE \"*\u4E00The*\" or Taille=17",
         u"Nom LIKE \"*nowhere*\" or Fichier LIKE \"*ce n'est pas là*\"",
+        // A few rows of one CD, asked one by one.
+        u"Compilation=\"CD 7\" and (Nom LIKE \"*rock*\" or Fichier LIKE \"*iste 1*\")",
+        u"Compilation=\"CD 7\" and not (Nom LIKE \"*rock*\") and Fichier LIKE \"*\\*\"",
+        u"Compilation=\"CD 7\" and Nom LIKE \"**\"",
     };
     for (int round = 0; round < 4; ++round) {
         for (const std::u16string& where : conditions)
