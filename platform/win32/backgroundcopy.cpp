@@ -1,7 +1,5 @@
 #include "platform/win32/backgroundcopy.h"
 
-#include <optional>
-
 #include "platform/win32/handle.h"
 #include "platform/win32/path.h"
 
@@ -42,6 +40,11 @@ uint64_t BackgroundCopy::done() const {
     return reports_ ? done_.load() : sizeOf(scratchPath_).value_or(0);
 }
 
+uint64_t BackgroundCopy::measure() noexcept {
+    size_ = sizeOf(sourcePath_);
+    return size_.value_or(0);
+}
+
 DWORD BackgroundCopy::copy() {
     DWORD error = copyOnce();
     if (error != ERROR_FILE_EXISTS) return error;
@@ -53,14 +56,13 @@ DWORD BackgroundCopy::copy() {
 }
 
 DWORD BackgroundCopy::copyOnce() {
-    const std::optional<uint64_t> size = sizeOf(sourcePath_);
     // Where it may overwrite, the system first looks whether both are the same file.
     if (!systemCopy_(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this, &cancel_,
                      COPY_FILE_FAIL_IF_EXISTS)) {
         return GetLastError();
     }
     // Not every system tells when the source could only be read in part.
-    if (sizeOf(scratchPath_) != size) return ERROR_READ_FAULT;
+    if (sizeOf(scratchPath_) != size_) return ERROR_READ_FAULT;
     return scratch_.open();
 }
 

@@ -5,6 +5,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -26,6 +27,9 @@ class BackgroundCopy {
     BackgroundCopy(const BackgroundCopy&) = delete;
     BackgroundCopy& operator=(const BackgroundCopy&) = delete;
 
+    // Looks how long the source is; gives its bytes, 0 when the system does not tell. Comes before
+    // run().
+    uint64_t measure() noexcept;
     // Copies; returns at the end, soon after cancel() where the system can do that.
     void run() noexcept { error_ = copy(); }
     void cancel() { cancel_ = TRUE; }
@@ -49,6 +53,7 @@ class BackgroundCopy {
 
     const SystemCopy systemCopy_;
     const std::u16string source_;
+    std::optional<uint64_t> size_;
     ScratchFile scratch_;
     const std::wstring sourcePath_;  // as the system takes it; likewise below
     const std::wstring scratchPath_;

@@ -29,18 +29,29 @@ class Locked {
 }  // namespace
 
 CopyQueue::CopyQueue(SystemCopy systemCopy) : systemCopy_(systemCopy) {
-    thread_.reset(CreateThread(nullptr, 0, run, this, 0, nullptr));
-    if (!thread_) throw systemError(GetLastError());
+    for (KernelHandle& thread : threads_) {
+        thread.reset(CreateThread(nullptr, 0, run, this, 0, nullptr));
+        if (thread) continue;
+        const DWORD error = GetLastError();
+        close();
+        throw systemError(error);
+    }
 }
 
 CopyQueue::~CopyQueue() {
     clear();
+    close();
+}
+
+void CopyQueue::close() {
     {
         const Locked locked(lock_);
         closing_ = true;
     }
-    WakeConditionVariable(&added_);
-    WaitForSingleObject(thread_.get(), INFINITE);
+    WakeAllConditionVariable(&mayBegin_);
+    for (const KernelHandle& thread : threads_) {
+        if (thread) WaitForSingleObject(thread.get(), INFINITE);
+    }
 }
 
 void CopyQueue::add(std::u16string_view source, std::u16string_view folder) {
@@ -49,18 +60,18 @@ void CopyQueue::add(std::u16string_view source, std::u16string_view folder) {
                                                  ScratchFolder::kFirstNumber + number_);
     {
         const Locked locked(lock_);
-        copies_.push_back(std::move(copy));
+        copies_.push_back({std::move(copy)});
     }
-    WakeConditionVariable(&added_);
+    WakeConditionVariable(&mayBegin_);
 }
 
 bool CopyQueue::holds(std::u16string_view source) const {
     return std::any_of(copies_.begin(), copies_.end(),
-                       [&](const auto& copy) { return copy->source() == source; });
+                       [&](const Place& place) { return place.copy->source() == source; });
 }
 
 bool CopyQueue::startsWith(std::u16string_view source) const {
-    return !copies_.empty() && copies_.front()->source() == source;
+    return !copies_.empty() && copies_.front().copy->source() == source;
 }
 
 bool CopyQueue::waitForFirst() {
@@ -71,23 +82,25 @@ bool CopyQueue::waitForFirst() {
 
 std::unique_ptr<BackgroundCopy> CopyQueue::takeFirst() {
     const Locked locked(lock_);
-    auto copy = std::move(copies_.front());
+    auto copy = std::move(copies_.front().copy);
     copies_.pop_front();
+    --begun_;
     --ended_;
     return copy;
 }
 
 void CopyQueue::clear() {
-    std::deque<std::unique_ptr<BackgroundCopy>> gone;
+    std::deque<Place> gone;
     {
         const Locked locked(lock_);
         // What has not begun never will.
-        copies_.resize(ended_ + (busy_ ? 1 : 0));
-        if (busy_) copies_.back()->cancel();
-        while (busy_)
+        copies_.resize(begun_);
+        for (const Place& place : copies_)
+            place.copy->cancel();
+        while (ended_ < begun_)
             SleepConditionVariableSRW(&advanced_, &lock_, INFINITE, 0);
         gone.swap(copies_);
-        ended_ = 0;
+        begun_ = ended_ = 0;
     }
 }
 
@@ -99,20 +112,42 @@ DWORD WINAPI CopyQueue::run(void* data) noexcept {
 void CopyQueue::work() {
     AcquireSRWLockExclusive(&lock_);
     while (!closing_) {
-        if (ended_ == copies_.size()) {
-            SleepConditionVariableSRW(&added_, &lock_, INFINITE, 0);
+        if (alone_ || begun_ == copies_.size()) {
+            SleepConditionVariableSRW(&mayBegin_, &lock_, INFINITE, 0);
             continue;
         }
-        BackgroundCopy& copy = *copies_[ended_];
-        busy_ = true;
-        ReleaseSRWLockExclusive(&lock_);
-        copy.run();
-        AcquireSRWLockExclusive(&lock_);
-        busy_ = false;
-        ++ended_;
-        if (isWorthWaking(ended_, copies_.size() - ended_)) WakeConditionVariable(&advanced_);
+        see(copies_[begun_++]);
     }
     ReleaseSRWLockExclusive(&lock_);
+}
+
+void CopyQueue::see(Place& place) {
+    BackgroundCopy& copy = *place.copy;
+    alone_ = true;
+    ReleaseSRWLockExclusive(&lock_);
+    const bool small = copy.measure() <= kSmall;
+    if (small) letBegin();
+    copy.run();
+    if (!small) letBegin();
+    AcquireSRWLockExclusive(&lock_);
+    markEnded(place);
+}
+
+void CopyQueue::letBegin() {
+    bool more = false;
+    {
+        const Locked locked(lock_);
+        alone_ = false;
+        more = begun_ < copies_.size();
+    }
+    if (more) WakeConditionVariable(&mayBegin_);
+}
+
+void CopyQueue::markEnded(Place& place) {
+    place.ended = true;
+    while (ended_ < begun_ && copies_[ended_].ended)
+        ++ended_;
+    if (isWorthWaking(ended_, copies_.size() - ended_)) WakeConditionVariable(&advanced_);
 }
 
 }  // namespace platform::win32

@@ -1,9 +1,11 @@
-// Copies that wait for each other on a thread of their own.
+// Copies that wait for each other on threads of their own.
 #pragma once
 
 #include <windows.h>
 
+#include <array>
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <memory>
 #include <string_view>
@@ -16,10 +18,18 @@ namespace platform::win32 {
 
 // Copies files under names of their own, beginning them in the order in which they were added: a
 // drive may keep a read waiting for seconds, and the thread that owns the queue looks after the
-// windows meanwhile. Between two files there is no wait for the owner. One goes on at a time: more
-// would make a drive go to and fro, and get into each other's way in the system.
+// windows meanwhile. Between two files there is no wait for the owner.
+//
+// Small files, whose copies are a handful of requests to the system and little else, are copied
+// several at a time. A large one is the only one that begins until it has ended: more would make a
+// drive go to and fro.
 class CopyQueue {
   public:
+    // A file of more bytes is large.
+    static constexpr uint64_t kSmall = uint64_t{256} << 10;
+    // How many go on at a time, at most.
+    static constexpr size_t kThreads = 3;
+
     // Throws systemError when there is no thread.
     explicit CopyQueue(SystemCopy systemCopy);
     CopyQueue(const CopyQueue&) = delete;
@@ -38,7 +48,7 @@ class CopyQueue {
     // While there is more to copy it may come back a little later, when several have ended: threads
     // that wake each other for each small file are busier with that than with the files.
     bool waitForFirst();
-    const BackgroundCopy& first() const { return *copies_.front(); }
+    const BackgroundCopy& first() const { return *copies_.front().copy; }
     // Hands out the first copy, which has ended.
     std::unique_ptr<BackgroundCopy> takeFirst();
 
@@ -55,27 +65,39 @@ class CopyQueue {
     // As many copies as the owner gives their names without a pause, while as many again are made.
     static constexpr size_t kTurn = FileCopier::kMostAhead / 2;
 
+    struct Place {
+        std::unique_ptr<BackgroundCopy> copy;
+        bool ended = false;
+    };
+
     static DWORD WINAPI run(void* data) noexcept;
     void work();
+    // Sees a copy through. Called with the lock, which it gives up meanwhile.
+    void see(Place& place);
+    // Without the lock: the next copy may begin beside those that go on.
+    void letBegin();
+    // With the lock.
+    void markEnded(Place& place);
+    void close();
 
     const SystemCopy systemCopy_;
-    // The copies at the front have ended, the next one goes on unless the thread sleeps, and behind
-    // it are those that wait. Changed by the owner alone, with the lock; the thread reads it with
-    // the lock.
-    std::deque<std::unique_ptr<BackgroundCopy>> copies_;
+    // Those that have begun are at the front, behind them those that wait. The owner alone adds and
+    // removes, with the lock; it removes none that has begun and not ended.
+    std::deque<Place> copies_;
     uint32_t number_ = 0;  // of the copy added last
 
     // Locks rather than events: a copy of a small file is over in the time that it takes to make
     // and close an event.
     SRWLOCK lock_ = SRWLOCK_INIT;
-    CONDITION_VARIABLE added_ = CONDITION_VARIABLE_INIT;
+    CONDITION_VARIABLE mayBegin_ = CONDITION_VARIABLE_INIT;
     CONDITION_VARIABLE advanced_ = CONDITION_VARIABLE_INIT;
-    // These are under the lock, too. How many copies have ended, and whether another one goes on.
-    size_t ended_ = 0;
-    bool busy_ = false;
+    // These are under the lock, too.
+    size_t begun_ = 0;
+    size_t ended_ = 0;    // before the first that has not
+    bool alone_ = false;  // what began last is large, or nobody knows yet
     bool closing_ = false;
 
-    KernelHandle thread_;
+    std::array<KernelHandle, kThreads> threads_;
 };
 
 }  // namespace platform::win32

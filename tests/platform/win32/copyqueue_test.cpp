@@ -82,10 +82,11 @@ class CopyQueueTest : public testing::Test {
         return CopyFileExW(source, target, progress, data, cancel, flags);
     }
 
-    void add(std::u16string_view name) {
+    void add(std::u16string_view name, size_t bytes = 7) {
         added_.emplace_back(name);
-        queue_.add(folder_.write(name, "content"), folder_.path() + u"\\");
+        queue_.add(folder_.write(name, std::string(bytes, 'x')), folder_.path() + u"\\");
     }
+    void addLarge(std::u16string_view name) { add(name, CopyQueue::kSmall + 1); }
     template <class Condition>
     void waitFor(Condition condition, const char* what) {
         const ULONGLONG deadline = GetTickCount64() + kDeadline;
@@ -113,19 +114,54 @@ class CopyQueueTest : public testing::Test {
     CopyQueue queue_{copyWhenLetGo};
 };
 
-TEST_F(CopyQueueTest, CopiesOneFileAfterTheOtherWithoutTheOwner) {
+TEST_F(CopyQueueTest, CopiesOneLargeFileAfterTheOtherWithoutTheOwner) {
     for (const char16_t* name : {u"a", u"b", u"c"})
-        add(name);
+        addLarge(name);
     waitForUnderWay({u"a"});
     copies_->letGo(u"a");
     waitForUnderWay({u"b"});
     EXPECT_EQ(copies_->begun(), (Names{u"a", u"b"}));
 }
 
+TEST_F(CopyQueueTest, CopiesSeveralSmallFilesAtATime) {
+    static_assert(CopyQueue::kThreads == 3);
+    for (const char16_t* name : {u"a", u"b", u"c", u"d", u"e"})
+        add(name, CopyQueue::kSmall);
+    waitForUnderWay({u"a", u"b", u"c"});
+    copies_->letGo(u"b");
+    waitForUnderWay({u"a", u"c", u"d"});
+    EXPECT_EQ(copies_->begun().size(), 4U);
+}
+
+TEST_F(CopyQueueTest, BeginsNothingBesideALargeFile) {
+    add(u"a");
+    addLarge(u"b");
+    add(u"c");
+    add(u"d");
+    waitForUnderWay({u"a", u"b"});
+    copies_->letGo(u"a");
+    waitForUnderWay({u"b"});
+    EXPECT_EQ(copies_->begun().size(), 2U);
+    copies_->letGo(u"b");
+    waitForUnderWay({u"c", u"d"});
+}
+
+TEST_F(CopyQueueTest, GoesOnAfterASourceThatIsGone) {
+    for (const char16_t* name : {u"a", u"b"})
+        addLarge(name);
+    DeleteFileW(extendedPath(folder_.file(u"b")).c_str());
+    add(u"c");
+    EXPECT_EQ(take(u"a"), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(take(u"b"), DWORD{ERROR_FILE_NOT_FOUND});
+    EXPECT_EQ(take(u"c"), DWORD{ERROR_SUCCESS});
+}
+
 TEST_F(CopyQueueTest, HandsThemOutInTheirOrder) {
     for (const char16_t* name : {u"a", u"b", u"c"})
         add(name);
+    waitForUnderWay({u"a", u"b", u"c"});
     copies_->letGo(u"b");
+    waitForUnderWay({u"a", u"c"});
     EXPECT_FALSE(queue_.waitForFirst());
     for (const char16_t* name : {u"a", u"b", u"c"})
         EXPECT_EQ(take(name), DWORD{ERROR_SUCCESS});
@@ -133,7 +169,7 @@ TEST_F(CopyQueueTest, HandsThemOutInTheirOrder) {
 
 TEST_F(CopyQueueTest, HandsOutTheFirstWhileALaterOneGoesOn) {
     for (const char16_t* name : {u"a", u"b", u"c", u"d"})
-        add(name);
+        addLarge(name);
     EXPECT_EQ(take(u"a"), DWORD{ERROR_SUCCESS});
     waitForUnderWay({u"b"});
     EXPECT_EQ(queue_.size(), 3U);
@@ -150,16 +186,29 @@ TEST_F(CopyQueueTest, WakesItsOwnerForManyCopiesAtATime) {
 }
 
 TEST_F(CopyQueueTest, ClearingEndsWhatIsUnderWayAndForgetsTheRest) {
-    for (const char16_t* name : {u"a", u"b", u"c"})
+    const Names names = {u"a", u"b", u"c", u"d", u"e", u"f"};
+    for (const std::u16string& name : names)
         add(name);
-    copies_->letGo(u"a");
-    waitForUnderWay({u"b"});
+    copies_->letGo(u"b");
+    waitForUnderWay({u"a", u"c", u"d"});
     queue_.clear();
-    EXPECT_EQ(copies_->begun().size(), 2U);
-    EXPECT_EQ(testing_win32::names(folder_.path()), (Names{u"a", u"b", u"c"}));
+    EXPECT_EQ(copies_->begun().size(), 4U);
+    EXPECT_EQ(testing_win32::names(folder_.path()), names);
+    EXPECT_EQ(queue_.size(), 0U);
     EXPECT_FALSE(queue_.holds(folder_.file(u"a")));
-    add(u"d");
-    EXPECT_EQ(take(u"d"), DWORD{ERROR_SUCCESS});
+    add(u"g");
+    EXPECT_EQ(take(u"g"), DWORD{ERROR_SUCCESS});
+}
+
+TEST_F(CopyQueueTest, ClearingEndsALargeFileThatOthersWaitFor) {
+    addLarge(u"a");
+    add(u"b");
+    waitForUnderWay({u"a"});
+    queue_.clear();
+    EXPECT_EQ(copies_->begun().size(), 1U);
+    EXPECT_EQ(testing_win32::names(folder_.path()), (Names{u"a", u"b"}));
+    add(u"c");
+    EXPECT_EQ(take(u"c"), DWORD{ERROR_SUCCESS});
 }
 
 TEST_F(CopyQueueTest, CopiesOverWhatAKilledProgramLeft) {
