@@ -287,6 +287,15 @@ const Ranking* Planner::rankingFor(const Query& query, size_t count) {
     return count < kWorthRanking ? cache_.freshRanking(*column) : cache_.ranking(*column);
 }
 
+// The values of the query's order where they are in memory; else null. To put a dictionary in order
+// would take longer than to read some rows.
+const CachedColumn* Planner::valuesFor(const Query& query) const {
+    const Column* const column = rankedColumn(query);
+    const CachedColumn* const values = column ? cache_.loaded(*column) : nullptr;
+    const bool useful = values && !values->dictionary() && values->count() == cache_.ids().size();
+    return useful ? values : nullptr;
+}
+
 std::vector<RowId> Planner::identities(std::span<const uint32_t> rows) const {
     std::vector<RowId> found(rows.size());
     std::ranges::transform(rows, found.begin(), [this](uint32_t row) { return cache_.ids()[row]; });
@@ -296,6 +305,10 @@ std::vector<RowId> Planner::identities(std::span<const uint32_t> rows) const {
 std::vector<RowId> Planner::ordered(const Query& query, RowNumbers rows) {
     if (const Ranking* ranking = rankingFor(query, rows.size())) {
         std::ranges::sort(rows, {}, [&](uint32_t row) { return ranking->places()[row]; });
+        return identities(rows);
+    }
+    if (const CachedColumn* column = valuesFor(query)) {
+        sortByValue(rows, *column, cache_.ids());
         return identities(rows);
     }
     std::vector<RowId> found = identities(rows);

@@ -47,6 +47,7 @@ class Planner {
     std::vector<RowId> ordered(const Query& query, const RowSet& rows);
     std::vector<RowId> ordered(const Query& query, RowNumbers rows);
     const Ranking* rankingFor(const Query& query, size_t count);
+    const CachedColumn* valuesFor(const Query& query) const;
     std::vector<RowId> identities(std::span<const uint32_t> rows) const;
 
     const Table& table_;

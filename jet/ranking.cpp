@@ -30,7 +30,10 @@ void sortByKey(std::vector<uint32_t>& rows, std::span<const RowId> ids, auto&& k
     std::ranges::transform(entries, rows.begin(), &Entry::row);
 }
 
-void sortRows(std::vector<uint32_t>& rows, const CachedColumn& column, std::span<const RowId> ids) {
+}  // namespace
+
+void sortByValue(std::vector<uint32_t>& rows, const CachedColumn& column,
+                 std::span<const RowId> ids) {
     if (const TextValues* values = column.texts()) {
         sortByText(rows, values->texts, column.order(), ids);
     } else if (const DictionaryValues* dictionary = column.dictionary()) {
@@ -44,8 +47,6 @@ void sortRows(std::vector<uint32_t>& rows, const CachedColumn& column, std::span
     }
 }
 
-}  // namespace
-
 void Ranking::update(const CachedColumn& column, std::span<const RowId> ids) {
     const size_t known = rows_.size();
     if (known == column.count()) return;
@@ -56,7 +57,7 @@ void Ranking::update(const CachedColumn& column, std::span<const RowId> ids) {
         std::iota(added.begin(), added.end(), 0);
         rows_.clear();
     }
-    sortRows(added, column, ids);
+    sortByValue(added, column, ids);
     if (rows_.empty()) {
         rows_ = std::move(added);
     } else {

@@ -11,6 +11,11 @@
 
 namespace jet {
 
+// Puts rows of `column` into that order, those with equal values into that of their identities,
+// which `ids` holds by row number.
+void sortByValue(std::vector<uint32_t>& rows, const CachedColumn& column,
+                 std::span<const RowId> ids);
+
 class Ranking {
   public:
     // Takes in the rows of `column` behind those that it knows; `ids` are the identities of all.
