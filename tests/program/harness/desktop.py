@@ -40,6 +40,8 @@ class Desktop:
             self._set_up_prefix(medium, drives or {}, dpi)
             self.probe = Probe(self.start(str(PROBE), cwd=PROBE.parent, text=True, bufsize=1,
                                           stdin=subprocess.PIPE, stdout=subprocess.PIPE))
+            # The first program of a prefix makes what all others need, and must be let.
+            self.probe.ask("windows")
         except BaseException:
             self.close()
             raise
