@@ -12,7 +12,7 @@ from harness.waiting import wait_for
 
 FEW = {f"{number}.mid": medium.mid() for number in range(3)}
 # Enough for a look at the program while it reads them.
-MANY, SOME = 24000, 6000
+MANY = 24000
 
 
 def large_medium(folder, count):
@@ -30,7 +30,6 @@ def large_medium(folder, count):
 @pytest.fixture(scope="module")
 def folders(tmp_path_factory):
     return {"many": large_medium(tmp_path_factory.mktemp("many"), MANY),
-            "some": large_medium(tmp_path_factory.mktemp("some"), SOME),
             "few": medium.write(tmp_path_factory.mktemp("few"), FEW)}
 
 
@@ -122,7 +121,7 @@ def test_questions_and_reports_are_no_time_to_wait(main, folders):
     pointer = Pointer(main)
     main.desktop.set_medium("e", folders["few"])
     add_cd(main, "Encore")
-    main.desktop.set_medium("e", folders["some"])
+    main.desktop.set_medium("e", folders["many"])
     dialog = name_cd(main, "Encore")
     dialog.CommandNouveauOK.click()
     question = main.program.message()
@@ -146,7 +145,7 @@ def test_the_hourglass_stays_until_a_cd_is_scanned_again(main, folders):
     pointer = Pointer(main)
     main.desktop.set_medium("e", folders["few"])
     add_cd(main, "Une fois")
-    main.desktop.set_medium("e", folders["some"])
+    main.desktop.set_medium("e", folders["many"])
     main.choose("Fichier", "Re-scanner le CD")
     behind = main.CheckAutoRefresh.rect
     main.program.message().answer("Oui")
@@ -198,7 +197,7 @@ def test_a_copy_is_busy_but_while_its_user_chooses(main, folders):
     window.ComAnnuleCopie.click()
     main.program.wait_gone("FrmInfoCopy")
     pointer.becomes("arrow")
-    main.desktop.set_medium("e", folders["some"])
+    main.desktop.set_medium("e", folders["many"])
     window = begin_copy(main)
     pointer.becomes_at(window.ListInfocopy.rect, "arrow")
     window.CommandCopier.click()
