@@ -8,26 +8,15 @@
 
 #include "base/text.h"
 #include "jet/sqlparser.h"
-#include "jet/store.h"
-#include "tests/fakes/memoryfilestore.h"
-#include "tests/fakes/projectfiles.h"
+#include "tests/jet/opentable.h"
 
 namespace jet {
 namespace {
-
-constexpr std::u16string_view kPath = u"C:\\Brivantole.mdb";
 
 // A table that changes at random, a cache that is told of the changes, and random queries: the
 // answers must be those that the pages give.
 class PlannerTest : public testing::TestWithParam<CacheLimits> {
   protected:
-    void SetUp() override {
-        files_.add(kPath, fakes::shippedCatalogue());
-        store_ = Store::open(files_, kPath);
-        table_ = &store_->table(u"ListDonnees");
-        store_->begin();
-    }
-
     size_t below(size_t limit) { return random_() % limit; }
     std::u16string pick(const std::vector<std::u16string>& texts) {
         return texts[below(texts.size())];
@@ -124,9 +113,8 @@ class PlannerTest : public testing::TestWithParam<CacheLimits> {
 
     const TextOrder& order_ = TextOrder::general4();
     std::mt19937 random_{20040229};
-    fakes::MemoryFileStore files_;
-    std::unique_ptr<Store> store_;
-    Table* table_ = nullptr;
+    OpenTable open_;
+    Table* const table_ = &open_.table();
     std::vector<RowId> rows_;
     std::unique_ptr<TableCache> cache_;
 };

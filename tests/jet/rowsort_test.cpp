@@ -10,24 +10,13 @@
 #include <variant>
 #include <vector>
 
-#include "jet/store.h"
-#include "tests/fakes/memoryfilestore.h"
-#include "tests/fakes/projectfiles.h"
+#include "tests/jet/opentable.h"
 
 namespace jet {
 namespace {
 
-constexpr std::u16string_view kPath = u"C:\\Brivantole.mdb";
-
 class RowSortTest : public testing::Test {
   protected:
-    void SetUp() override {
-        files_.add(kPath, fakes::shippedCatalogue());
-        store_ = Store::open(files_, kPath);
-        table_ = &store_->table(u"ListDonnees");
-        store_->begin();
-    }
-
     const Column* column(std::u16string_view name) const { return table_->definition().find(name); }
 
     void add(const Value& name, const Value& path, double size = 0) {
@@ -95,9 +84,8 @@ class RowSortTest : public testing::Test {
 
     const TextOrder& order_ = TextOrder::general4();
     std::mt19937 random_{7};
-    fakes::MemoryFileStore files_;
-    std::unique_ptr<Store> store_;
-    Table* table_ = nullptr;
+    OpenTable open_;
+    Table* const table_ = &open_.table();
     std::vector<RowId> rows_;
 };
 

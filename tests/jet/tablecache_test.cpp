@@ -5,24 +5,13 @@
 #include <cmath>
 #include <string>
 
-#include "jet/store.h"
-#include "tests/fakes/memoryfilestore.h"
-#include "tests/fakes/projectfiles.h"
+#include "tests/jet/opentable.h"
 
 namespace jet {
 namespace {
 
-constexpr std::u16string_view kPath = u"C:\\Brivantole.mdb";
-
 class TableCacheTest : public testing::Test {
   protected:
-    void SetUp() override {
-        files_.add(kPath, fakes::shippedCatalogue());
-        store_ = Store::open(files_, kPath);
-        table_ = &store_->table(u"ListDonnees");
-        store_->begin();
-    }
-
     RowId addRow(const std::u16string& name, double size = 1) {
         const std::vector<Value> values = {name, Null{}, Null{}, Null{}, size, u"CD", u"MP3"};
         return table_->append(values);
@@ -40,9 +29,8 @@ class TableCacheTest : public testing::Test {
         return TableCache(*table_, TextOrder::general4(), limits);
     }
 
-    fakes::MemoryFileStore files_;
-    std::unique_ptr<Store> store_;
-    Table* table_ = nullptr;
+    OpenTable open_;
+    Table* const table_ = &open_.table();
 };
 
 TEST_F(TableCacheTest, KeepsEachColumnInItsForm) {
