@@ -29,40 +29,29 @@ class Locked {
 }  // namespace
 
 CopyQueue::CopyQueue(SystemCopy systemCopy) : systemCopy_(systemCopy) {
-    for (KernelHandle& thread : threads_) {
-        thread.reset(CreateThread(nullptr, 0, run, this, 0, nullptr));
-        if (thread) continue;
-        const DWORD error = GetLastError();
-        close();
-        throw systemError(error);
-    }
+    TP_CALLBACK_ENVIRON environment;
+    InitializeThreadpoolEnvironment(&environment);
+    SetThreadpoolCallbackRunsLong(&environment);
+    work_.reset(CreateThreadpoolWork(run, this, &environment));
+    if (!work_) throw systemError(GetLastError());
 }
 
 CopyQueue::~CopyQueue() {
     clear();
-    close();
-}
-
-void CopyQueue::close() {
-    {
-        const Locked locked(lock_);
-        closing_ = true;
-    }
-    WakeAllConditionVariable(&mayBegin_);
-    for (const KernelHandle& thread : threads_) {
-        if (thread) WaitForSingleObject(thread.get(), INFINITE);
-    }
+    WaitForThreadpoolWorkCallbacks(work_.get(), TRUE);
 }
 
 void CopyQueue::add(std::u16string_view source, std::u16string_view folder) {
     number_ = (number_ + 1) % kNumbers;
     auto copy = std::make_unique<BackgroundCopy>(systemCopy_, source, folder,
                                                  ScratchFolder::kFirstNumber + number_);
+    bool another = false;
     {
         const Locked locked(lock_);
         copies_.push_back({std::move(copy)});
+        another = countNextThread();
     }
-    WakeConditionVariable(&mayBegin_);
+    if (another) SubmitThreadpoolWork(work_.get());
 }
 
 bool CopyQueue::holds(std::u16string_view source) const {
@@ -104,21 +93,16 @@ void CopyQueue::clear() {
     }
 }
 
-DWORD WINAPI CopyQueue::run(void* data) noexcept {
+void CALLBACK CopyQueue::run(PTP_CALLBACK_INSTANCE, void* data, PTP_WORK) noexcept {
     static_cast<CopyQueue*>(data)->work();
-    return 0;
 }
 
 void CopyQueue::work() {
-    AcquireSRWLockExclusive(&lock_);
-    while (!closing_) {
-        if (alone_ || begun_ == copies_.size()) {
-            SleepConditionVariableSRW(&mayBegin_, &lock_, INFINITE, 0);
-            continue;
-        }
+    const Locked locked(lock_);
+    coming_ = false;
+    while (mayBegin())
         see(copies_[begun_++]);
-    }
-    ReleaseSRWLockExclusive(&lock_);
+    --threads_;
 }
 
 void CopyQueue::see(Place& place) {
@@ -128,19 +112,26 @@ void CopyQueue::see(Place& place) {
     const bool small = copy.measure() <= kSmall;
     if (small) letBegin();
     copy.run();
-    if (!small) letBegin();
     AcquireSRWLockExclusive(&lock_);
+    if (!small) alone_ = false;
     markEnded(place);
 }
 
 void CopyQueue::letBegin() {
-    bool more = false;
+    bool another = false;
     {
         const Locked locked(lock_);
         alone_ = false;
-        more = begun_ < copies_.size();
+        another = countNextThread();
     }
-    if (more) WakeConditionVariable(&mayBegin_);
+    if (another) SubmitThreadpoolWork(work_.get());
+}
+
+bool CopyQueue::countNextThread() {
+    if (coming_ || threads_ == kThreads || !mayBegin()) return false;
+    ++threads_;
+    coming_ = true;
+    return true;
 }
 
 void CopyQueue::markEnded(Place& place) {

@@ -1,9 +1,8 @@
-// Copies that wait for each other on threads of their own.
+// Copies that wait for each other on other threads.
 #pragma once
 
 #include <windows.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -18,7 +17,8 @@ namespace platform::win32 {
 
 // Copies files under names of their own, beginning them in the order in which they were added: a
 // drive may keep a read waiting for seconds, and the thread that owns the queue looks after the
-// windows meanwhile. Between two files there is no wait for the owner.
+// windows meanwhile. Between two files there is no wait for the owner. The threads are the
+// system's, which has them ready for the next row of copies.
 //
 // Small files, whose copies are a handful of requests to the system and little else, are copied
 // several at a time. A large one is the only one that begins until it has ended: more would make a
@@ -30,7 +30,7 @@ class CopyQueue {
     // How many go on at a time, at most.
     static constexpr size_t kThreads = 3;
 
-    // Throws systemError when there is no thread.
+    // Throws systemError when the system has no threads to give.
     explicit CopyQueue(SystemCopy systemCopy);
     CopyQueue(const CopyQueue&) = delete;
     CopyQueue& operator=(const CopyQueue&) = delete;
@@ -70,15 +70,18 @@ class CopyQueue {
         bool ended = false;
     };
 
-    static DWORD WINAPI run(void* data) noexcept;
+    static void CALLBACK run(PTP_CALLBACK_INSTANCE, void* data, PTP_WORK) noexcept;
+    // Sees one copy through after the other, while one may begin.
     void work();
     // Sees a copy through. Called with the lock, which it gives up meanwhile.
     void see(Place& place);
     // Without the lock: the next copy may begin beside those that go on.
     void letBegin();
-    // With the lock.
+    // The rest is called with the lock. Whether the next copy may begin.
+    bool mayBegin() const { return !alone_ && begun_ < copies_.size(); }
+    // Whether one more thread is to be asked for; it then counts among those that work.
+    bool countNextThread();
     void markEnded(Place& place);
-    void close();
 
     const SystemCopy systemCopy_;
     // Those that have begun are at the front, behind them those that wait. The owner alone adds and
@@ -89,15 +92,15 @@ class CopyQueue {
     // Locks rather than events: a copy of a small file is over in the time that it takes to make
     // and close an event.
     SRWLOCK lock_ = SRWLOCK_INIT;
-    CONDITION_VARIABLE mayBegin_ = CONDITION_VARIABLE_INIT;
     CONDITION_VARIABLE advanced_ = CONDITION_VARIABLE_INIT;
     // These are under the lock, too.
     size_t begun_ = 0;
-    size_t ended_ = 0;    // before the first that has not
-    bool alone_ = false;  // what began last is large, or nobody knows yet
-    bool closing_ = false;
+    size_t ended_ = 0;     // before the first that has not
+    bool alone_ = false;   // what began last is large, or nobody knows yet
+    size_t threads_ = 0;   // that work or have been asked for
+    bool coming_ = false;  // one has been asked for and has not looked yet
 
-    std::array<KernelHandle, kThreads> threads_;
+    ThreadpoolWork work_;
 };
 
 }  // namespace platform::win32

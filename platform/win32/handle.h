@@ -68,4 +68,12 @@ struct MappedViewTraits {
 };
 using MappedView = UniqueResource<MappedViewTraits>;
 
+// Work that the system's threads do when it is submitted to them; null when its creation fails.
+struct ThreadpoolWorkTraits {
+    using Type = PTP_WORK;
+    static Type none() { return nullptr; }
+    static void close(Type work) { CloseThreadpoolWork(work); }
+};
+using ThreadpoolWork = UniqueResource<ThreadpoolWorkTraits>;
+
 }  // namespace platform::win32

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "base/number.h"
 #include "platform/scratchname.h"
 #include "platform/win32/path.h"
 #include "platform/win32/wide.h"
@@ -144,6 +145,27 @@ TEST_F(CopyQueueTest, BeginsNothingBesideALargeFile) {
     EXPECT_EQ(copies_->begun().size(), 2U);
     copies_->letGo(u"b");
     waitForUnderWay({u"c", u"d"});
+}
+
+// A copy that nobody begins would be waited for without end.
+TEST_F(CopyQueueTest, SeesAllThroughInWhateverOrderTheyCome) {
+    constexpr size_t kCount = 400;
+    constexpr size_t kAtATime = 5;
+    Names names;
+    for (size_t number = 0; number < kCount; ++number) {
+        names.push_back(u"f" + base::wholeNumber(static_cast<int64_t>(number)));
+        copies_->letGo(names.back());
+    }
+    size_t taken = 0;
+    for (size_t added = 0; added < kCount; ++added) {
+        add(names[added], added % 7 == 0 ? CopyQueue::kSmall + 1 : 7);
+        if (queue_.size() < kAtATime) continue;
+        while (queue_.size() > added % kAtATime)
+            EXPECT_EQ(take(names[taken++]), DWORD{ERROR_SUCCESS});
+    }
+    while (queue_.size() > 0)
+        EXPECT_EQ(take(names[taken++]), DWORD{ERROR_SUCCESS});
+    EXPECT_EQ(copies_->begun().size(), kCount);
 }
 
 TEST_F(CopyQueueTest, GoesOnAfterASourceThatIsGone) {
