@@ -60,11 +60,15 @@ class CopiedBytes {
     int64_t before_ = 0;
 };
 
+platform::CopySource sourceOf(const Track& track) {
+    return {.path = track.path, .size = static_cast<uint64_t>(track.size)};
+}
+
 // Gives false when the name was taken between the test and the copy's end.
 bool tryCopy(const RunTools& tools, const Track& track, std::u16string_view target,
-             std::span<const std::u16string_view> next, CopiedBytes& bytes, CopyWindow& window) {
+             std::span<const platform::CopySource> next, CopiedBytes& bytes, CopyWindow& window) {
     try {
-        tools.copier.copy(track.path, target, next, [&](uint64_t done) {
+        tools.copier.copy(sourceOf(track), target, next, [&](uint64_t done) {
             bytes.show(static_cast<int64_t>(done), track.size);
             window.yield();
         });
@@ -89,9 +93,9 @@ size_t checkedFrom(const RunState& run, size_t position) {
 
 // The files after `position` that may be read while the ones before them are given their names in
 // `folder`.
-std::vector<std::u16string_view> readAhead(const RunTools& tools, const RunState& run,
-                                           size_t position, std::u16string_view folder) {
-    std::vector<std::u16string_view> sources;
+std::vector<platform::CopySource> readAhead(const RunTools& tools, const RunState& run,
+                                            size_t position, std::u16string_view folder) {
+    std::vector<platform::CopySource> sources;
     int64_t bytes = 0;
     while (sources.size() < platform::FileCopier::kMostAhead) {
         position = checkedFrom(run, position + 1);
@@ -99,7 +103,7 @@ std::vector<std::u16string_view> readAhead(const RunTools& tools, const RunState
         const Track track = run.tables.track(position + 1, 0);
         bytes += track.size;
         if (bytes > kMostBytesAhead || targetOf(tools, track).folder != folder) break;
-        sources.push_back(track.path);
+        sources.push_back(sourceOf(track));
     }
     return sources;
 }
@@ -108,7 +112,7 @@ void copyTrack(const RunTools& tools, RunState& run, size_t position, CopiedByte
                CopyWindow& window) {
     const Track track = run.tables.track(position + 1, 0);
     const CopyTarget target = targetOf(tools, track);
-    const std::vector<std::u16string_view> next = readAhead(tools, run, position, target.folder);
+    const std::vector<platform::CopySource> next = readAhead(tools, run, position, target.folder);
     createFolders(tools.copier, target);
     run.CopyFileName = target.name;
     for (;;) {

@@ -13,6 +13,12 @@ namespace platform {
 // all for one that is soon over. What it throws ends the copy as an error of the copy itself does.
 using CopyProgress = std::function<void(uint64_t done)>;
 
+// A file to be copied, and how many bytes it had when it was last seen.
+struct CopySource {
+    std::u16string_view path;
+    uint64_t size = 0;
+};
+
 class FileCopier {
   public:
     static constexpr size_t kMostAhead = 32;
@@ -29,8 +35,8 @@ class FileCopier {
     // FileAlreadyExists, even when it came up while the copy went on. `next` are the files that are
     // most likely to be copied after this one, to the same folder and in their order, kMostAhead at
     // most. They may be read already, under names of their own, before it is their turn.
-    virtual void copy(std::u16string_view source, std::u16string_view target,
-                      std::span<const std::u16string_view> next, const CopyProgress& progress) = 0;
+    virtual void copy(const CopySource& source, std::u16string_view target,
+                      std::span<const CopySource> next, const CopyProgress& progress) = 0;
     // Ends a row of copies: what was read ahead goes from the disk.
     virtual void endCopies() = 0;
 };

@@ -1,5 +1,7 @@
 #include "platform/win32/backgroundcopy.h"
 
+#include <optional>
+
 #include "platform/win32/handle.h"
 #include "platform/win32/path.h"
 
@@ -27,22 +29,18 @@ std::optional<uint64_t> sizeOf(const std::wstring& path) {
 
 }  // namespace
 
-BackgroundCopy::BackgroundCopy(SystemCopy systemCopy, std::u16string_view source,
+BackgroundCopy::BackgroundCopy(SystemCopy systemCopy, const CopySource& source,
                                std::u16string_view folder, uint32_t number)
     : systemCopy_(systemCopy),
-      source_(source),
+      source_(source.path),
+      size_(source.size),
       scratch_(folder, number),
-      sourcePath_(extendedPath(source)),
+      sourcePath_(extendedPath(source.path)),
       scratchPath_(extendedPath(scratch_.path())) {}
 
 uint64_t BackgroundCopy::done() const {
     // Not every system tells how far it is; the file that grows does, then.
     return reports_ ? done_.load() : sizeOf(scratchPath_).value_or(0);
-}
-
-uint64_t BackgroundCopy::measure() noexcept {
-    size_ = sizeOf(sourcePath_);
-    return size_.value_or(0);
 }
 
 DWORD BackgroundCopy::copy() {
@@ -57,13 +55,23 @@ DWORD BackgroundCopy::copy() {
 
 DWORD BackgroundCopy::copyOnce() {
     // Where it may overwrite, the system first looks whether both are the same file.
-    if (!systemCopy_(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this, &cancel_,
-                     COPY_FILE_FAIL_IF_EXISTS)) {
-        return GetLastError();
-    }
+    const BOOL copied = systemCopy_(sourcePath_.c_str(), scratchPath_.c_str(), onProgress, this,
+                                    &cancel_, COPY_FILE_FAIL_IF_EXISTS);
+    return copied ? ERROR_SUCCESS : GetLastError();
+}
+
+DWORD BackgroundCopy::finish() noexcept {
+    if (error_ != ERROR_SUCCESS || finished_) return error_;
+    finished_ = true;
     // Not every system tells when the source could only be read in part.
-    if (sizeOf(scratchPath_) != size_) return ERROR_READ_FAULT;
-    return scratch_.open();
+    error_ = isWhole() ? scratch_.open() : ERROR_READ_FAULT;
+    return error_;
+}
+
+bool BackgroundCopy::isWhole() const {
+    const std::optional<uint64_t> copied = sizeOf(scratchPath_);
+    // The source may have changed since it was seen.
+    return copied && (*copied == size_ || copied == sizeOf(sourcePath_));
 }
 
 DWORD CALLBACK BackgroundCopy::onProgress(LARGE_INTEGER, LARGE_INTEGER done, LARGE_INTEGER,

@@ -5,10 +5,10 @@
 
 #include <atomic>
 #include <cstdint>
-#include <optional>
 #include <string>
 #include <string_view>
 
+#include "platform/filecopier.h"
 #include "platform/win32/scratchfile.h"
 
 namespace platform::win32 {
@@ -22,27 +22,28 @@ class BackgroundCopy {
   public:
     // It is made in `folder` (with its backslash), where no other one under way may have this
     // `number`.
-    BackgroundCopy(SystemCopy systemCopy, std::u16string_view source, std::u16string_view folder,
+    BackgroundCopy(SystemCopy systemCopy, const CopySource& source, std::u16string_view folder,
                    uint32_t number);
     BackgroundCopy(const BackgroundCopy&) = delete;
     BackgroundCopy& operator=(const BackgroundCopy&) = delete;
 
-    // Looks how long the source is; gives its bytes, 0 when the system does not tell. Comes before
-    // run().
-    uint64_t measure() noexcept;
     // Copies; returns at the end, soon after cancel() where the system can do that.
     void run() noexcept { error_ = copy(); }
+    // Looks whether all has arrived, and makes ready for moveTo(). Comes after run(), on whatever
+    // thread, and does nothing when it comes again. Gives the system's error, also that of run();
+    // ERROR_SUCCESS for none.
+    DWORD finish() noexcept;
     void cancel() { cancel_ = TRUE; }
     // Bytes copied so far.
     uint64_t done() const;
 
-    // These are for the time after the end. The system's error, ERROR_SUCCESS for none.
-    DWORD error() const { return error_; }
-    // Gives the copy its name on the same drive, which must be free; after an end without error.
+    // Gives the copy its name on the same drive, which must be free; after finish() without error.
     // Throws systemError.
     void moveTo(std::u16string_view target) { scratch_.moveTo(target); }
 
     const std::u16string& source() const { return source_; }
+    // Bytes, as the source was last seen.
+    uint64_t size() const { return size_; }
 
   private:
     static DWORD CALLBACK onProgress(LARGE_INTEGER size, LARGE_INTEGER done, LARGE_INTEGER,
@@ -50,10 +51,12 @@ class BackgroundCopy {
                                      void* data) noexcept;
     DWORD copy();
     DWORD copyOnce();
+    // Whether there is as much of the copy as of its source.
+    bool isWhole() const;
 
     const SystemCopy systemCopy_;
     const std::u16string source_;
-    std::optional<uint64_t> size_;
+    const uint64_t size_;
     ScratchFile scratch_;
     const std::wstring sourcePath_;  // as the system takes it; likewise below
     const std::wstring scratchPath_;
@@ -61,6 +64,7 @@ class BackgroundCopy {
     std::atomic<bool> reports_ = false;
     BOOL cancel_ = FALSE;  // the system looks at it while it copies
     DWORD error_ = ERROR_SUCCESS;
+    bool finished_ = false;
 };
 
 }  // namespace platform::win32

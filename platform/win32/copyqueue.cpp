@@ -41,7 +41,7 @@ CopyQueue::~CopyQueue() {
     WaitForThreadpoolWorkCallbacks(work_.get(), TRUE);
 }
 
-void CopyQueue::add(std::u16string_view source, std::u16string_view folder) {
+void CopyQueue::add(const CopySource& source, std::u16string_view folder) {
     number_ = (number_ + 1) % kNumbers;
     auto copy = std::make_unique<BackgroundCopy>(systemCopy_, source, folder,
                                                  ScratchFolder::kFirstNumber + number_);
@@ -107,24 +107,17 @@ void CopyQueue::work() {
 
 void CopyQueue::see(Place& place) {
     BackgroundCopy& copy = *place.copy;
-    alone_ = true;
+    alone_ = copy.size() > kSmall;
+    const bool small = !alone_;
+    const bool another = countNextThread();
     ReleaseSRWLockExclusive(&lock_);
-    const bool small = copy.measure() <= kSmall;
-    if (small) letBegin();
+    if (another) SubmitThreadpoolWork(work_.get());
     copy.run();
+    // A large one is finished by its owner, while the next one is copied.
+    if (small) copy.finish();
     AcquireSRWLockExclusive(&lock_);
     if (!small) alone_ = false;
     markEnded(place);
-}
-
-void CopyQueue::letBegin() {
-    bool another = false;
-    {
-        const Locked locked(lock_);
-        alone_ = false;
-        another = countNextThread();
-    }
-    if (another) SubmitThreadpoolWork(work_.get());
 }
 
 bool CopyQueue::countNextThread() {

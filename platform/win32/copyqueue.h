@@ -28,7 +28,7 @@ class CopyQueue {
     // A file of more bytes is large.
     static constexpr uint64_t kSmall = uint64_t{256} << 10;
     // How many go on at a time, at most.
-    static constexpr size_t kThreads = 3;
+    static constexpr size_t kThreads = 2;
 
     // Throws systemError when the system has no threads to give.
     explicit CopyQueue(SystemCopy systemCopy);
@@ -37,7 +37,7 @@ class CopyQueue {
     ~CopyQueue();
 
     // Adds a copy to the end. It is made in `folder` (with its backslash).
-    void add(std::u16string_view source, std::u16string_view folder);
+    void add(const CopySource& source, std::u16string_view folder);
     // Whether there is a copy of `source`.
     bool holds(std::u16string_view source) const;
     // How many copies there are, whether they wait, go on or have ended.
@@ -75,8 +75,6 @@ class CopyQueue {
     void work();
     // Sees a copy through. Called with the lock, which it gives up meanwhile.
     void see(Place& place);
-    // Without the lock: the next copy may begin beside those that go on.
-    void letBegin();
     // The rest is called with the lock. Whether the next copy may begin.
     bool mayBegin() const { return !alone_ && begun_ < copies_.size(); }
     // Whether one more thread is to be asked for; it then counts among those that work.
@@ -96,7 +94,7 @@ class CopyQueue {
     // These are under the lock, too.
     size_t begun_ = 0;
     size_t ended_ = 0;     // before the first that has not
-    bool alone_ = false;   // what began last is large, or nobody knows yet
+    bool alone_ = false;   // what began last is large, and goes on
     size_t threads_ = 0;   // that work or have been asked for
     bool coming_ = false;  // one has been asked for and has not looked yet
 

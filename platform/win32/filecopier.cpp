@@ -36,9 +36,8 @@ bool Win32FileCopier::opens(std::u16string_view path) {
     }
 }
 
-void Win32FileCopier::copy(std::u16string_view source, std::u16string_view target,
-                           std::span<const std::u16string_view> next,
-                           const CopyProgress& progress) {
+void Win32FileCopier::copy(const CopySource& source, std::u16string_view target,
+                           std::span<const CopySource> next, const CopyProgress& progress) {
     turnTo(folderOf(target));
     try {
         copied(source, target, next, progress)->moveTo(target);
@@ -64,7 +63,7 @@ void Win32FileCopier::turnTo(std::u16string_view folder) {
     scratch_.emplace(folder);
 }
 
-void Win32FileCopier::add(std::u16string_view source) {
+void Win32FileCopier::add(const CopySource& source) {
     if (names_.count() >= kManyNames) scratch_->make();
     queue_->add(source, scratch_->path());
 }
@@ -75,29 +74,30 @@ std::unique_ptr<BackgroundCopy> Win32FileCopier::firstEnded(const CopyProgress& 
     return queue_->takeFirst();
 }
 
-void Win32FileCopier::addMissing(std::span<const std::u16string_view> next) {
+void Win32FileCopier::addMissing(std::span<const CopySource> next) {
     // Several at once, so that the thread need not be woken for each.
     if (queue_->size() > FileCopier::kMostAhead / 2) return;
-    for (const std::u16string_view follower : next) {
-        if (!queue_->holds(follower)) add(follower);
+    for (const CopySource& follower : next) {
+        if (!queue_->holds(follower.path)) add(follower);
     }
 }
 
-std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(std::u16string_view source,
+std::unique_ptr<BackgroundCopy> Win32FileCopier::copied(const CopySource& source,
                                                         std::u16string_view target,
-                                                        std::span<const std::u16string_view> next,
+                                                        std::span<const CopySource> next,
                                                         const CopyProgress& progress) {
-    for (bool ahead = queue_->startsWith(source);; ahead = false) {
+    for (bool ahead = queue_->startsWith(source.path);; ahead = false) {
         if (!ahead) {
             queue_->clear();
             add(source);
         }
         addMissing(next);
         std::unique_ptr<BackgroundCopy> copy = firstEnded(progress);
-        if (copy->error() == ERROR_SUCCESS) return copy;
+        const DWORD error = copy->finish();
+        if (error == ERROR_SUCCESS) return copy;
         // What failed ahead of its time may succeed in its turn.
         if (ahead) continue;
-        throw systemError(copy->error(), std::u16string(source) + u" → " + std::u16string(target));
+        throw systemError(error, std::u16string(source.path) + u" → " + std::u16string(target));
     }
 }
 

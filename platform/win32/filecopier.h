@@ -18,21 +18,21 @@ class Win32FileCopier : public FileCopier {
 
     void createFolder(std::u16string_view path) override;
     bool opens(std::u16string_view path) override;
-    void copy(std::u16string_view source, std::u16string_view target,
-              std::span<const std::u16string_view> next, const CopyProgress& progress) override;
+    void copy(const CopySource& source, std::u16string_view target,
+              std::span<const CopySource> next, const CopyProgress& progress) override;
     void endCopies() override;
 
   private:
     // Makes ready for copies to `folder`; those ahead for another one go.
     void turnTo(std::u16string_view folder);
     // Adds a copy to the queue.
-    void add(std::u16string_view source);
+    void add(const CopySource& source);
     // Sees the first copy of the queue to its end, and hands it out.
     std::unique_ptr<BackgroundCopy> firstEnded(const CopyProgress& progress);
     // Adds those of the next files that are not in the queue, once it is half empty.
-    void addMissing(std::span<const std::u16string_view> next);
-    std::unique_ptr<BackgroundCopy> copied(std::u16string_view source, std::u16string_view target,
-                                           std::span<const std::u16string_view> next,
+    void addMissing(std::span<const CopySource> next);
+    std::unique_ptr<BackgroundCopy> copied(const CopySource& source, std::u16string_view target,
+                                           std::span<const CopySource> next,
                                            const CopyProgress& progress);
 
     const SystemCopy systemCopy_;

@@ -31,6 +31,9 @@ class MemoryFileCopier : public platform::FileCopier {
     // The files announced with every copy that succeeded.
     using Paths = std::vector<std::u16string>;
     const std::vector<Paths>& announced() const { return announced_; }
+    // The bytes told of the source and of the files announced with every copy that succeeded.
+    using Sizes = std::vector<uint64_t>;
+    const std::vector<Sizes>& sizes() const { return sizes_; }
     // How many rows of copies have ended.
     int rowsEnded() const { return rowsEnded_; }
 
@@ -42,8 +45,8 @@ class MemoryFileCopier : public platform::FileCopier {
         createdFolders_.emplace_back(path);
     }
     bool opens(std::u16string_view path) override { return files_.content(path).has_value(); }
-    void copy(std::u16string_view source, std::u16string_view target,
-              std::span<const std::u16string_view> next,
+    void copy(const platform::CopySource& source, std::u16string_view target,
+              std::span<const platform::CopySource> next,
               const platform::CopyProgress& progress) override {
         if (beforeCopy_) std::exchange(beforeCopy_, nullptr)();
         if (!failures_.empty()) {
@@ -51,7 +54,7 @@ class MemoryFileCopier : public platform::FileCopier {
             failures_.pop_front();
             throw error;
         }
-        const auto bytes = files_.content(source);
+        const auto bytes = files_.content(source.path);
         if (!bytes) throw base::Error(base::ErrorNumber::FileNotFound, u"Fichier introuvable.");
         requireFolderOf(target);
         progress(bytes->size() / 2);
@@ -59,10 +62,13 @@ class MemoryFileCopier : public platform::FileCopier {
         if (files_.exists(target))
             throw base::Error(base::ErrorNumber::FileAlreadyExists, u"Le fichier existe déjà.");
         files_.addFile(target, *bytes);
-        copied_.emplace_back(source, target);
+        copied_.emplace_back(source.path, target);
         Paths& announced = announced_.emplace_back();
-        for (const std::u16string_view follower : next)
-            announced.emplace_back(follower);
+        Sizes& sizes = sizes_.emplace_back(Sizes{source.size});
+        for (const platform::CopySource& follower : next) {
+            announced.emplace_back(follower.path);
+            sizes.push_back(follower.size);
+        }
     }
     void endCopies() override { ++rowsEnded_; }
 
@@ -78,6 +84,7 @@ class MemoryFileCopier : public platform::FileCopier {
     std::vector<Copied> copied_;
     std::vector<std::u16string> createdFolders_;
     std::vector<Paths> announced_;
+    std::vector<Sizes> sizes_;
     int rowsEnded_ = 0;
 };
 

@@ -288,6 +288,15 @@ TEST_F(CopyingTest, AnnouncesTheNextFileOfAnotherFolderWhenAllGoToOne) {
     EXPECT_EQ(copier.announced(), (std::vector<Paths>{{u"E:\\B\\2.mid"}, {}}));
 }
 
+TEST_F(CopyingTest, TellsHowLongTheFilesAre) {
+    addListed(u"Un", u"E:\\1.mid", true, 100);
+    addListed(u"Deux", u"E:\\2.mid", true, 20);
+    addListed(u"Trois", u"E:\\3.mid", true, 3);
+    copyAll();
+    EXPECT_EQ(copier.sizes(),
+              (std::vector<fakes::MemoryFileCopier::Sizes>{{100, 20, 3}, {20, 3}, {3}}));
+}
+
 TEST_F(CopyingTest, AnnouncesNoMoreFilesThanTheCopierTakes) {
     constexpr size_t most = platform::FileCopier::kMostAhead;
     for (char16_t name = u'a'; name < u'a' + most + 3; ++name)

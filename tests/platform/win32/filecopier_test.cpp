@@ -27,9 +27,18 @@ class FileCopierTest : public testing::Test {
   protected:
     std::u16string path(std::u16string_view name) const { return folder_.file(name); }
     size_t filesInFolder() { return names().size(); }
+    // As it is now; without bytes where it is not there.
+    static CopySource seen(std::u16string_view path) {
+        WIN32_FILE_ATTRIBUTE_DATA data{};
+        GetFileAttributesExW(extendedPath(path).c_str(), GetFileExInfoStandard, &data);
+        return {.path = path, .size = data.nFileSizeLow};
+    }
     void copy(std::u16string_view source, std::u16string_view target,
               std::initializer_list<std::u16string_view> next = {}) {
-        copier_.copy(source, target, next, ignore);
+        std::vector<CopySource> sources;
+        for (const std::u16string_view path : next)
+            sources.push_back(seen(path));
+        copier_.copy(seen(source), target, sources, ignore);
     }
     static void ignore(uint64_t /*done*/) {}
     using Names = std::vector<std::u16string>;
@@ -157,7 +166,7 @@ TEST_F(FileCopierTest, LeavesNothingOfACopyThatIsStopped) {
     struct Stop {};
     const std::u16string source = writeLong(u"a.wav");
     const auto stop = [](uint64_t) { throw Stop(); };
-    EXPECT_THROW(copier_.copy(source, path(u"b.wav"), {}, stop), Stop);
+    EXPECT_THROW(copier_.copy(seen(source), path(u"b.wav"), {}, stop), Stop);
     EXPECT_EQ(filesInFolder(), 1U);
 }
 
@@ -166,7 +175,7 @@ TEST_F(FileCopierTest, ReportsOnTheCallingThreadHowFarItIs) {
     const DWORD caller = GetCurrentThreadId();
     uint64_t last = 0;
     int reports = 0;
-    copier_.copy(source, path(u"b.wav"), {}, [&](uint64_t done) {
+    copier_.copy(seen(source), path(u"b.wav"), {}, [&](uint64_t done) {
         EXPECT_EQ(GetCurrentThreadId(), caller);
         EXPECT_GE(done, last);
         EXPECT_LE(done, kLong);
@@ -196,7 +205,9 @@ TEST_F(FileCopierTest, ReadsARowOfFilesAhead) {
         sources.push_back(
             folder_.write(base::strNumber(number) + u".mid", randomBytes(size_t{1000} + number)));
     const std::u16string target = folder_.folder(u"Cible");
-    const std::vector<std::u16string_view> row(sources.begin(), sources.end());
+    std::vector<CopySource> row;
+    for (const std::u16string& source : sources)
+        row.push_back(seen(source));
     for (size_t index = 0; index < row.size(); ++index) {
         const auto next = std::span(row).subspan(index + 1);
         copier_.copy(row[index], target + sources[index].substr(sources[index].rfind(u'\\')),
@@ -268,8 +279,8 @@ TEST_F(FileCopierTest, ACopyOfAnotherLengthThanItsSourceFails) {
     const std::u16string next = folder_.write(u"b.mp3", "next");
     for (const SystemCopy systemCopy : {&copyTheFirstByte, &copyWithAByteMore}) {
         Win32FileCopier copier(systemCopy);
-        const std::vector<std::u16string_view> ahead{next};
-        EXPECT_EQ(numberOf([&] { copier.copy(source, path(u"x.mp3"), ahead, ignore); }),
+        const std::vector<CopySource> ahead{seen(next)};
+        EXPECT_EQ(numberOf([&] { copier.copy(seen(source), path(u"x.mp3"), ahead, ignore); }),
                   ErrorNumber::DeviceIo);
         EXPECT_EQ(numberOf([&] { copier.copy(ahead.front(), path(u"y.mp3"), {}, ignore); }),
                   ErrorNumber::DeviceIo);
@@ -278,10 +289,24 @@ TEST_F(FileCopierTest, ACopyOfAnotherLengthThanItsSourceFails) {
     }
 }
 
+TEST_F(FileCopierTest, ASourceMayHaveChangedSinceItWasSeen) {
+    const std::u16string source = folder_.write(u"a.mp3", "content");
+    for (const uint64_t size : {uint64_t{0}, uint64_t{6}, uint64_t{8}, uint64_t{1} << 40}) {
+        const std::u16string name = u"x" + base::wholeNumber(static_cast<int64_t>(size));
+        copier_.copy({.path = source, .size = size}, path(name), {}, ignore);
+        EXPECT_EQ(testing_win32::content(path(name)), "content");
+        Win32FileCopier copier(copyTheFirstByte);
+        EXPECT_EQ(numberOf([&] {
+                      copier.copy({.path = source, .size = size}, path(u"y.mp3"), {}, ignore);
+                  }),
+                  ErrorNumber::DeviceIo);
+    }
+}
+
 TEST_F(FileCopierTest, AnEmptyFileIsWholeWhenItsCopyIsEmpty) {
     const std::u16string source = folder_.write(u"a.mp3", "");
     Win32FileCopier copier(copyTheFirstByte);
-    EXPECT_EQ(numberOf([&] { copier.copy(source, path(u"x.mp3"), {}, ignore); }),
+    EXPECT_EQ(numberOf([&] { copier.copy(seen(source), path(u"x.mp3"), {}, ignore); }),
               ErrorNumber::DeviceIo);
     copier.endCopies();
     copy(source, path(u"x.mp3"));
