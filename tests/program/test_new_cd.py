@@ -4,7 +4,7 @@ import re
 
 import pytest
 
-from harness import catalogue, medium, settings
+from harness import catalogue, medium, settings, slowmedium
 from harness.desktop import FIXED, Desktop
 from harness.medium import ALBUM_ROWS, as_set, expected_rows
 from harness.names import control_ids
@@ -14,6 +14,13 @@ from harness.waiting import ProbeError, wait_for
 
 
 RETRY = "Répéter"  # as Wine says it in French
+
+
+@pytest.fixture(scope="module")
+def desktop(album_folder):
+    """A desktop like all others, but that media may be slow."""
+    with Desktop(medium=album_folder, environment=slowmedium.with_slow_media()) as made:
+        yield made
 
 
 @pytest.fixture(scope="module")
@@ -156,8 +163,7 @@ def test_blanks_around_the_name_are_cut(program):
 
 
 def test_the_percentage_is_shown_while_tracks_are_analysed(program, other_medium, tmp_path):
-    other_medium(medium.write(tmp_path, {f"{number:05}.mid": medium.mid(64)
-                                         for number in range(15000)}))
+    other_medium(slowmedium.write(tmp_path))
     dialog = open_new_cd(program.open())
     program.desktop.type("Long")
     wait_for(lambda: dialog.TextNouveau.text == "Long", "the name")

@@ -2,7 +2,7 @@
 with an hourglass where something can."""
 import pytest
 
-from harness import medium, settings
+from harness import medium, settings, slowmedium
 from harness.desktop import FIXED, Desktop
 from harness.form import centre
 from harness.player import RecordingPlayer
@@ -11,25 +11,11 @@ from harness.steps import ALL, add_cd, begin_copy, choose_cd, open_copy, open_ne
 from harness.waiting import wait_for
 
 FEW = {f"{number}.mid": medium.mid() for number in range(3)}
-# Enough for a look at the program while it reads them.
-MANY = 24000
-
-
-def large_medium(folder, count):
-    """So many tracks, which take the room of one."""
-    track = folder / "0.mid"
-    track.write_bytes(medium.mid())
-    for number in range(1, count):
-        if number % 500 == 1:
-            below = folder / f"{number:05}"
-            below.mkdir()
-        (below / f"{number}.mid").hardlink_to(track)
-    return folder
 
 
 @pytest.fixture(scope="module")
 def folders(tmp_path_factory):
-    return {"many": large_medium(tmp_path_factory.mktemp("many"), MANY),
+    return {"many": slowmedium.write(tmp_path_factory.mktemp("many")),
             "few": medium.write(tmp_path_factory.mktemp("few"), FEW)}
 
 
@@ -40,8 +26,9 @@ def disk(tmp_path_factory):
 
 @pytest.fixture(scope="module")
 def desktop(folders, disk):
-    """E: is a CD-ROM drive with a large medium, H: the hard disk to copy to."""
-    with Desktop(medium=folders["many"], drives={"h": (disk, FIXED)}) as made:
+    """E: is a CD-ROM drive with a slow medium, H: the hard disk to copy to."""
+    with Desktop(medium=folders["many"], drives={"h": (disk, FIXED)},
+                 environment=slowmedium.with_slow_media()) as made:
         yield made
 
 
@@ -193,7 +180,7 @@ def test_a_copy_is_busy_but_while_its_user_chooses(main, folders):
     window = main.program.form("FrmInfoCopy")
     pointer.becomes("working")
     assert pointer.shapes_over(window.ListInfocopy.rect, window.ComAnnuleCopie.rect) == {"working"}
-    assert window.ListInfocopy.count < MANY
+    assert window.ListInfocopy.count < slowmedium.MANY
     window.ComAnnuleCopie.click()
     main.program.wait_gone("FrmInfoCopy")
     pointer.becomes("arrow")

@@ -10,6 +10,7 @@ from harness.desktop import FIXED, Desktop
 from harness.helddisk import HeldDisk
 from harness.player import RecordingPlayer
 from harness.program import Program
+from harness.slowmedium import with_slow_media
 
 @pytest.fixture(scope="module")
 def disk(tmp_path_factory):
@@ -34,7 +35,7 @@ def source(album_folder):
 def desktop(disk, held_disk, source):
     """E: is a CD-ROM drive with the medium, H: the hard disk to copy to."""
     with Desktop(medium=source, drives={"h": (disk, FIXED)},
-                 environment=held_disk.environment) as made:
+                 environment=with_slow_media(held_disk.environment)) as made:
         yield made
 
 

@@ -1,7 +1,7 @@
 """The window of a copy before it starts: the tracks, their ticks, their details."""
 import pytest
 
-from harness import medium, settings
+from harness import medium, settings, slowmedium
 from harness.copies import MUSIC, cancel, files
 from harness.program import Program
 from harness.steps import begin_copy, finish_copy, open_copy
@@ -97,8 +97,7 @@ def test_the_list_has_the_focus_when_a_user_comes_back_from_another_program(main
         wait_for(lambda: elsewhere.rect[0] < 20, "the other program's window aside")
         main.click_caption()
         main.program.form("FrmMP3")
-        many = {f"{n % 50}/{n}.mid": medium.mid() for n in range(4000)}
-        main.desktop.set_medium("e", medium.write(tmp_path / "m", many))
+        main.desktop.set_medium("e", slowmedium.write(tmp_path))
         open_copy(main).ComCopierOK.click()
         window = main.program.form("FrmInfoCopy")
         elsewhere.click_caption()

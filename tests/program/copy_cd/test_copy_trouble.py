@@ -1,7 +1,7 @@
 """What can go wrong with a copy: a message, nothing half done, nothing overwritten."""
 import pathlib
 
-from harness import catalogue, medium, settings
+from harness import catalogue, medium, settings, slowmedium
 from harness.copies import LONG_SIZE, MUSIC, failing_copy, files, markers
 from harness.program import Program
 from harness.steps import add_cd, begin_copy, finish_copy, open_copy
@@ -36,14 +36,13 @@ def test_a_disc_taken_out_during_the_copy_keeps_what_is_whole(main, target, long
 
 
 def test_a_disc_taken_out_while_it_is_read_leaves_what_was_read(main, target, tmp_path):
-    tracks = {f"{number % 50}/{number}.mid": medium.mid() for number in range(6000)}
-    main.desktop.set_medium("e", medium.write(tmp_path / "m", tracks))
+    main.desktop.set_medium("e", slowmedium.write(tmp_path))
     open_copy(main).ComCopierOK.click()
     window = main.program.form("FrmInfoCopy")
     wait_for(lambda: window.LabelInfoCopy.text.startswith("Analyse des"), "tracks to be read")
     main.desktop.set_medium("e", None)
     wait_for(lambda: window.LabelInfoCopy.text.startswith("Analyse terminée."), "the tracks")
-    assert 0 < window.ListInfocopy.count < len(tracks)
+    assert 0 < window.ListInfocopy.count < slowmedium.MANY
     assert f" sur {window.ListInfocopy.count} morceaux trouvés (" in window.LabelInfoCopy.text
     assert "E:\\" in failing_copy(window)
     assert files(target) == {} and main.state["enabled"]

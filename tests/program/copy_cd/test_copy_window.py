@@ -3,7 +3,7 @@ import shutil
 
 import pytest
 
-from harness import medium, settings
+from harness import medium, settings, slowmedium
 from harness.copies import LONG_SIZE, cancel, files, markers
 from harness.program import Program
 from harness.runwindow import check_order, check_kept_size
@@ -105,8 +105,7 @@ def test_a_stop_takes_effect_after_the_file_in_progress(main, target, long_copy)
 
 
 def test_a_stop_while_reading_ends_the_run(main, target, tmp_path):
-    folder = medium.write(tmp_path / "m", {f"{n % 50}/{n}.mid": medium.mid() for n in range(4000)})
-    main.desktop.set_medium("e", folder)
+    main.desktop.set_medium("e", slowmedium.write(tmp_path))
     open_copy(main).ComCopierOK.click()
     window = main.program.form("FrmInfoCopy")
     assert not window.CommandCopier.enabled

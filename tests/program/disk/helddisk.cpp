@@ -5,14 +5,13 @@
 // HELD_DISK names the folder, HELD_DISK_ORDER the file that tells what is held: the first byte, the
 // byte behind the last, and the name of the file ("*" for any). As long as there is no such file,
 // nothing waits. Whoever waits makes a file of that name with ".met" behind it.
-#include <dlfcn.h>
-#include <sys/stat.h>
 #include <unistd.h>
 
-#include <array>
 #include <cstdlib>
 #include <fstream>
 #include <string>
+
+#include "openfile.h"
 
 namespace {
 
@@ -36,16 +35,6 @@ Order readOrder(const char* path) {
     return file ? order : Order{};
 }
 
-// The path of an open file, "" when it is none that keeps what is written.
-std::string pathOf(int file) {
-    struct stat status {};
-    if (fstat(file, &status) != 0 || !S_ISREG(status.st_mode)) return {};
-    std::array<char, 4096> path{};
-    const std::string link = "/proc/self/fd/" + std::to_string(file);
-    const ssize_t length = readlink(link.c_str(), path.data(), path.size());
-    return length > 0 ? std::string(path.data(), static_cast<size_t>(length)) : std::string();
-}
-
 bool isMeant(const Order& order, const std::string& path, const std::string& folder) {
     return path.starts_with(folder + '/') &&
            (order.name == "*" || path.ends_with('/' + order.name));
@@ -65,11 +54,6 @@ void waitForRoom(int file, off_t from, off_t to) {
         std::ofstream(std::string(told) + ".met");
         usleep(kPause);
     }
-}
-
-template <typename Function>
-Function next(const char* name) {
-    return reinterpret_cast<Function>(dlsym(RTLD_NEXT, name));
 }
 
 }  // namespace

@@ -9,8 +9,9 @@ WINDOWS_BUILD = pathlib.Path(os.environ.get("BRIVANTOLE_WINDOWS_BUILD", BUILD / 
 PROGRAM = WINDOWS_BUILD / "Brivantole.exe"
 PROBE = WINDOWS_BUILD / "probe" / "probe.exe"
 PLAYER = WINDOWS_BUILD / "probe" / "player.exe"
-# Of the native build, since it stands between Wine and the system.
+# Of the native build, since they stand between Wine and the system.
 HELD_DISK = BUILD / "native-debug" / "tests" / "helddisk.so"
+SLOW_MEDIUM = BUILD / "native-debug" / "tests" / "slowmedium.so"
 SAMPLE_MEDIUM = BUILD / "sample-medium"
 ARTIFACTS = BUILD / "test-artifacts"
 SHIPPED = [ROOT / "data" / name for name in ("Brivantole.mdb", "Brivantole.ini", "Brivantole.rtf")]
