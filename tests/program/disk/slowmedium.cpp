@@ -1,6 +1,6 @@
-// A slow medium, for the Windows programs of the tests: loaded into their processes with LD_PRELOAD, it
-// makes them wait at each read of a file below a folder of the name that SLOW_MEDIUM tells, as a drive
-// that has to seek does.
+// A slow medium, for the Windows programs of the tests: loaded into their processes with
+// LD_PRELOAD, it makes them wait at each read of a file below a folder of the name that SLOW_MEDIUM
+// tells, as a drive that has to seek does.
 #include <unistd.h>
 
 #include <cstdlib>
