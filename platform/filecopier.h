@@ -13,7 +13,8 @@ namespace platform {
 // all for one that is soon over. What it throws ends the copy as an error of the copy itself does.
 using CopyProgress = std::function<void(uint64_t done)>;
 
-// A file to be copied, and how many bytes it had when it was last seen.
+// A file to be copied, and how many bytes it had when it was last seen; 0 also where that is not
+// known.
 struct CopySource {
     std::u16string_view path;
     uint64_t size = 0;

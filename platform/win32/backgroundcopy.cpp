@@ -70,8 +70,8 @@ DWORD BackgroundCopy::finish() noexcept {
 
 bool BackgroundCopy::isWhole() const {
     const std::optional<uint64_t> copied = sizeOf(scratchPath_);
-    // The source may have changed since it was seen.
-    return copied && (*copied == size_ || copied == sizeOf(sourcePath_));
+    // The source may have changed since it was seen, or could not be opened then and had no size.
+    return copied && ((*copied == size_ && size_ > 0) || copied == sizeOf(sourcePath_));
 }
 
 DWORD CALLBACK BackgroundCopy::onProgress(LARGE_INTEGER, LARGE_INTEGER done, LARGE_INTEGER,

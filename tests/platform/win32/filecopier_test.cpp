@@ -267,6 +267,12 @@ BOOL WINAPI copyTheFirstByte(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROUTINE 
     resizeTo(target, 1);
     return TRUE;
 }
+BOOL WINAPI copyNothing(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROUTINE progress, LPVOID data,
+                        LPBOOL cancel, DWORD flags) {
+    if (!CopyFileExW(source, target, progress, data, cancel, flags)) return FALSE;
+    resizeTo(target, 0);
+    return TRUE;
+}
 BOOL WINAPI copyWithAByteMore(LPCWSTR source, LPCWSTR target, LPPROGRESS_ROUTINE progress,
                               LPVOID data, LPBOOL cancel, DWORD flags) {
     if (!CopyFileExW(source, target, progress, data, cancel, flags)) return FALSE;
@@ -301,6 +307,16 @@ TEST_F(FileCopierTest, ASourceMayHaveChangedSinceItWasSeen) {
                   }),
                   ErrorNumber::DeviceIo);
     }
+}
+
+TEST_F(FileCopierTest, AnEmptyCopyOfWhatWasSeenWithoutASizeIsNotTakenForWhole) {
+    const std::u16string source = folder_.write(u"a.mp3", "content");
+    Win32FileCopier copier(copyNothing);
+    EXPECT_EQ(
+        numberOf([&] { copier.copy({.path = source, .size = 0}, path(u"x.mp3"), {}, ignore); }),
+        ErrorNumber::DeviceIo);
+    copier.endCopies();
+    EXPECT_EQ(names(), Names{u"a.mp3"});
 }
 
 TEST_F(FileCopierTest, AnEmptyFileIsWholeWhenItsCopyIsEmpty) {
